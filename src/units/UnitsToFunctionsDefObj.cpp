@@ -1,0 +1,84 @@
+#include <cctype>
+#include <ios>
+#include <sstream>
+
+#include "units/UnitConverter.h"
+#include "vehicle/BindElement.h"
+#include "vehicle/ReadField.h"
+
+namespace units {
+
+namespace {
+
+double ParseNumber(const char* text) {
+  std::istringstream stream(text);
+  stream.exceptions(std::ios::badbit);  // else an extraction would swallow an allocation failure
+  double number = 0;
+  stream >> number;
+  return number;
+}
+
+VehicleV2::ConversionTypes_e ParseType(std::string name) {
+  for (char& c : name) {
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  return VehicleV2::conversionTypeNames().find(name).value_or(VehicleV2::CONVERSION_INVALID);
+}
+
+void ReadConstants(const TiXmlElement& conv, vehicle::DataType& record) {
+  for (const auto& [constant, name] : VehicleV2::conversionConstantNames()) {
+    if (const char* text = vehicle::ReadField(conv, name.c_str())) {
+      record.conversionConstants.emplace(constant, ParseNumber(text));
+    }
+  }
+}
+
+bool ReadConversion(const TiXmlElement& conv, vehicle::DataType& record) {
+  if (const char* type = vehicle::ReadField(conv, "type")) {
+    record.conversionType = ParseType(type);
+    if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
+      return false;
+    }
+    ReadConstants(conv, record);
+    return true;
+  }
+  if (const char* expression = vehicle::ReadField(conv, "to_float")) {
+    record.toFloatExpression = expression;
+    return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+UnitConverter::UnitsToFunctionsDefObj::UnitsToFunctionsDefObj() : BaseVehicleDefObj("fromunit") {}
+
+UnitConverter::UnitsToFunctionsDefObj::~UnitsToFunctionsDefObj() = default;
+
+int UnitConverter::UnitsToFunctionsDefObj::Validate() { return 0; }
+
+int UnitConverter::UnitsToFunctionsDefObj::DoRead(TiXmlElement* element, std::string& /*error*/,
+                                                  bool flag) {
+  element = vehicle::BindElement(*this, currentElement, element, flag);
+  if (element == nullptr) {
+    return 1;
+  }
+  for (const TiXmlElement* child = element->FirstChildElement("tounit"); child != nullptr;
+       child = child->NextSiblingElement()) {
+    const char* target = child->Attribute("id");
+    const TiXmlElement* conv = child->FirstChildElement("conv");
+    if (target == nullptr || conv == nullptr) {
+      continue;
+    }
+    auto entry = toUnitFunctions.find(target);
+    if (entry == toUnitFunctions.end()) {
+      entry = toUnitFunctions.emplace(target, std::make_shared<vehicle::DataType>()).first;
+    }
+    if (!ReadConversion(*conv, *entry->second)) {
+      return 1;
+    }
+  }
+  return 0;
+}
+
+}  // namespace units

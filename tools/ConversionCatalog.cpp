@@ -1,0 +1,104 @@
+#include "ConversionCatalog.h"
+
+#include <tinyxml.h>
+
+#include <algorithm>
+#include <iostream>
+#include <stdexcept>
+
+#include "Failure.h"
+#include "Join.h"
+#include "NearestNames.h"
+#include "util/FileHandler.h"
+
+namespace {
+
+std::string Quoted(const std::string& name) { return '"' + name + '"'; }
+
+}  // namespace
+
+ConversionCatalog::ConversionCatalog(const std::string& folder) {
+  const std::string path = folder + units::UnitConverter::CONVERSION_FILENAME;
+  util::FileHandler file(path.c_str(), "rb");
+  std::string text;
+  if (file.read(text) == 0) {
+    throw Failure("cannot read " + path);
+  }
+  TiXmlDocument document(path);
+  document.Parse(text.c_str());
+  std::string error;
+  vehicle::ReadHashData<Definition>(document.FirstChildElement("unit_conversions"), definitions,
+                                    error);
+  std::cerr << error;
+  if (definitions.empty()) {
+    throw Failure(path + " holds no conversions");
+  }
+  converter.SetXMLFilePathAndLoad(folder);
+}
+
+std::vector<std::string> ConversionCatalog::SourceUnits() const {
+  std::vector<std::string> names;
+  for (const auto& [name, definition] : definitions) {
+    names.push_back(name);
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::vector<std::string> ConversionCatalog::TargetUnits(const std::string& from) const {
+  std::vector<std::string> names;
+  for (const auto& [name, record] : Find(from).toUnitFunctions) {
+    names.push_back(name);
+  }
+  return names;
+}
+
+template <typename Value>
+Value ConversionCatalog::Convert(const std::string& from, const std::string& to,
+                                 Value value) const {
+  if (from != to || !definitions.dataExists(from)) {
+    const vehicle::DataType& record = FindRecord(from, to);
+    if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
+      CheckExpression(record.toFloatExpression, value);
+    }
+  }
+  try {
+    converter.ConvertUnit(from, to, value);
+  } catch (const std::out_of_range&) {
+    throw Failure("the conversion of " + Quoted(from) + " into " + Quoted(to) +
+                  " lacks its scalar or its offset");
+  }
+  return value;
+}
+
+template double ConversionCatalog::Convert(const std::string&, const std::string&, double) const;
+template float ConversionCatalog::Convert(const std::string&, const std::string&, float) const;
+
+const ConversionCatalog::Definition& ConversionCatalog::Find(const std::string& from) const {
+  const auto found = definitions.find(from);
+  if (found == definitions.end()) {
+    throw Failure("unknown unit " + Quoted(from) + NearestNames(from, SourceUnits()));
+  }
+  return *found->second;
+}
+
+const vehicle::DataType& ConversionCatalog::FindRecord(const std::string& from,
+                                                       const std::string& to) const {
+  const Definition& definition = Find(from);
+  const auto found = definition.toUnitFunctions.find(to);
+  if (found != definition.toUnitFunctions.end()) {
+    return *found->second;
+  }
+  const std::vector<std::string> targets = TargetUnits(from);
+  throw Failure(Quoted(from) + " does not convert into " + Quoted(to) +
+                (targets.empty() ? " or anything else" : "; it converts into: " + Join(targets)));
+}
+
+void ConversionCatalog::CheckExpression(const std::string& expression, double value) const {
+  evaluator.variables["val"] = value;
+  try {
+    evaluator.Evaluate(expression);
+  } catch (const std::runtime_error& error) {
+    throw Failure("the expression " + Quoted(expression) + " fails: " + error.what());
+  }
+}
