@@ -128,7 +128,9 @@ TEST(FileHandler, ReadsAWholeFileOnlyFromItsStart) {
   EXPECT_EQ(file.read(text), 1U);
   EXPECT_EQ(text, "0123456789abc");
 
-  EXPECT_EQ(file.open(folder.Path("f").c_str(), "rb"), static_cast<FILE*>(file));
+  const FILE* stream = file.open(folder.Path("f").c_str(), "rb");
+  ASSERT_NE(stream, nullptr);
+  EXPECT_EQ(static_cast<FILE*>(file), stream);
   char front[10];
   EXPECT_EQ(file.read(front, 5, 2), 2U);
   EXPECT_EQ(file.fileSize(), 13U);

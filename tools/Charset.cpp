@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <clocale>
+#include <cstdint>
 #include <memory>
 
 #include "Failure.h"
@@ -20,7 +21,7 @@ using Conversion = std::unique_ptr<void, CloseConversion>;
 
 Conversion OpenConversion(const std::string& from, const std::string& to) {
   const auto conversion = iconv_open((to + "//TRANSLIT").c_str(), from.c_str());
-  if (conversion == iconv_t(-1)) {
+  if (reinterpret_cast<std::intptr_t>(conversion) == -1) {
     throw Failure("cannot convert text from " + from + " to " + to);
   }
   return Conversion(conversion);

@@ -59,6 +59,10 @@ Value ConversionCatalog::Convert(const std::string& from, const std::string& to,
   if (from != to || !definitions.dataExists(from)) {
     const vehicle::DataType& record = FindRecord(from, to);
     if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
+      if (record.toFloatExpression.empty()) {
+        throw Failure("the conversion of " + Quoted(from) + " into " + Quoted(to) +
+                      " has neither a scale nor an expression");
+      }
       CheckExpression(record.toFloatExpression, value);
     }
   }

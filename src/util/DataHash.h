@@ -13,7 +13,7 @@
 #ifdef _GLIBCXX_PERMIT_BACKWARD_HASH
 #include <ext/hash_map>
 #else
-#define _GLIBCXX_PERMIT_BACKWARD_HASH
+#define _GLIBCXX_PERMIT_BACKWARD_HASH  // NOLINT(bugprone-reserved-identifier): its own switch
 #include <ext/hash_map>
 #undef _GLIBCXX_PERMIT_BACKWARD_HASH
 #endif

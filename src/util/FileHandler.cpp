@@ -42,10 +42,10 @@ FileHandler::FileHandler(const char* path, const char* mode) { FileHandler::open
 FileHandler::~FileHandler() { FileHandler::close(); }
 
 FILE* FileHandler::open(const char* path, const char* mode) {
-  close();
+  FileHandler::close();
   stream = std::fopen(path, mode);
   if (stream != nullptr && IsDirectory(stream)) {
-    close();
+    FileHandler::close();
   }
   return stream;
 }
