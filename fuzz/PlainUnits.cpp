@@ -9,9 +9,6 @@
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
-
-#include "host/Parser.h"
-
 namespace {
 
 bool Parse(const std::string& path, TiXmlDocument& document) {
@@ -40,8 +37,9 @@ std::optional<std::string> Field(const TiXmlElement& element, const char* name) 
 }
 
 std::string Lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  for (char& c : text) {
+    c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
   return text;
 }
 
@@ -153,7 +151,6 @@ bool PlainUnits::Convert(const std::string& from, const std::string& to, Value& 
     value = Slope(conversion, value);
     return true;
   }
-  Parser parser;
   parser.variables["val"] = value;
   try {
     value = static_cast<Value>(parser.Evaluate(conversion.expression));

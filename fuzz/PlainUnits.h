@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/Parser.h"
+
 class TiXmlDocument;
 class TiXmlElement;
 
@@ -40,6 +42,7 @@ class PlainUnits {
  private:
   void ReadTargets(const TiXmlElement& source, std::map<std::string, Conversion>& targets);
 
+  mutable Parser parser;
   std::vector<std::string> chain;
   int files = 0;
 };

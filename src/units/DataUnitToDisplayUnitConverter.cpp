@@ -3,6 +3,7 @@
 #include <tinyxml.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <vector>
 
 #include "vehicle/LoadDocument.h"
@@ -144,7 +145,8 @@ bool DataUnitToDisplayUnitConverter::LoadTunerMetricUnits(const std::string& /*b
 
 bool DataUnitToDisplayUnitConverter::RecursiveLoad(const std::string& path, unitTypes_e type,
                                                    std::string& error) {
-  return IsUnitType(type) && TreeLoader(xmlFilePath, associations[type], error).Load(path);
+  return IsUnitType(type) &&
+         TreeLoader(xmlFilePath, associations[static_cast<std::size_t>(type)], error).Load(path);
 }
 
 void DataUnitToDisplayUnitConverter::SetUnitType(unitTypes_e type) {
@@ -189,7 +191,7 @@ void DataUnitToDisplayUnitConverter::UnConvertUnit(const std::string& unit, doub
 // The display unit of `unit` where it has one that is not `unit` itself, else null.
 const std::string* DataUnitToDisplayUnitConverter::FindOtherDisplayUnit(
     const std::string& unit) const {
-  const AssociationStore& store = associations[unitType];
+  const AssociationStore& store = associations[static_cast<std::size_t>(unitType)];
   const auto found = store.find(unit);
   return found != store.end() && found->second->toUnit != unit ? &found->second->toUnit : nullptr;
 }
