@@ -2,6 +2,9 @@
 
 #include <muParser.h>
 
+#include <cctype>
+#include <new>
+#include <sstream>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -32,7 +35,21 @@ class Expression {
 
  private:
   static double* AddName(const char* name, void* self) {
+    if (std::isdigit(static_cast<unsigned char>(*name)) != 0) {
+      RefuseNumber(name);
+    }
     return &static_cast<Expression*>(self)->values[name];
+  }
+
+  // muParser takes a number for a name when it cannot read it, be it for lack of memory.
+  [[noreturn]] static void RefuseNumber(const char* text) {
+    std::istringstream stream(text);
+    stream.exceptions(std::ios::badbit);
+    double number = 0;
+    if (stream >> number) {
+      throw std::bad_alloc();
+    }
+    throw std::runtime_error("no number \"" + std::string(text) + '"');
   }
 
   std::map<std::string, double> values;
