@@ -123,7 +123,7 @@ std::string MarkOf(const Line& line) {
   const units::ConvMonitor& monitor = *line.monitor;
   const bool outside = line.hasValue && (monitor.GetValue() < monitor.GetMin() ||
                                          monitor.GetValue() > monitor.GetMax());
-  const std::string inverted = monitor.IsMinMaxInverted() ? "limits inverted" : "";
+  std::string inverted = monitor.IsMinMaxInverted() ? "limits inverted" : "";
   if (!outside) {
     return inverted;
   }

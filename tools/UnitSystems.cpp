@@ -60,7 +60,7 @@ class FileTree {
   std::string FindUnreadable(TiXmlElement* root, AssociationStore& store) {
     const TiXmlElement* include = root != nullptr ? root->FirstChildElement("include") : nullptr;
     for (; include != nullptr; include = include->NextSiblingElement("include")) {
-      const std::string unreadable = FindUnreadable(folder + include->GetText(), store);
+      std::string unreadable = FindUnreadable(folder + include->GetText(), store);
       if (!unreadable.empty()) {
         return unreadable;
       }
