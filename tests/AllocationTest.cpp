@@ -107,6 +107,23 @@ void FailEachAllocationOfConstructor(const Arguments&... arguments) {
                             [](State& state) { return state.has_value(); });
 }
 
+TEST(AllocationFailure, InMakingTheNameTables) {
+  int failing = 0;
+  for (bool made = false; !made;) {
+    allocationsLeft = ++failing;
+    try {
+      VehicleV2::conversionTypeNames();
+      VehicleV2::conversionConstantNames();
+      made = true;
+    } catch (const std::bad_alloc&) {
+    }
+  }
+  allocationsLeft = 0;
+  EXPECT_GT(failing, 7) << "each name is an allocation";
+  EXPECT_EQ(VehicleV2::conversionTypeNames().find("custom"), VehicleV2::CONVERSION_CUSTOM);
+  EXPECT_EQ(VehicleV2::conversionConstantNames().find("offset"), VehicleV2::CONSTANT_OFFSET);
+}
+
 TEST(AllocationFailure, InConstructors) {
   FailEachAllocationOfConstructor<Parser>();
   FailEachAllocationOfConstructor<units::UnitConverter>();
@@ -145,17 +162,22 @@ TEST(AllocationFailure, InTheStore) {
   const auto value = std::make_shared<units::UnitConverter::UnitsToFunctionsDefObj>();
   FailEachAllocation<DefinitionStore>(
       [&](DefinitionStore& store) {
-        for (int i = 0; i < 200; ++i) {  // beyond the first 193 buckets
-          const std::string key = kLong + std::to_string(i);
-          if (!store.dataExists(key)) {
-            store.addData(key, value);
-          }
-          store.setData(key, value);
+        if (!store.dataExists(kLong)) {
+          store.addData(kLong, value);  // which is beyond the first 193 buckets
         }
+        store.setData(kLong, value);
+        store.setData("another " + kLong, value);
       },
       [&](DefinitionStore& store) {
-        return store.size() == 200 && store.findData(kLong + '7') == value &&
-               store.removeData(kLong + '7') == 1;
+        return store.size() == 195 && store.findData(kLong) == value &&
+               store.removeData(kLong) == 1 && store.removeData(kLong) == 0;
+      },
+      [] {
+        auto store = std::make_unique<DefinitionStore>();
+        for (int i = 0; i < 193; ++i) {
+          store->addData(std::to_string(i), nullptr);
+        }
+        return store;
       });
 }
 

@@ -28,7 +28,8 @@ TEST(Parser, TakesTheValuesOfTheMoment) {
 
 TEST(Parser, RefusesWhatIsNoExpressionAndStaysUsable) {
   Parser parser;
-  for (const char* text : {"", " ", "1 +", "(1", "vol", "_pi", "_e", "\"text\"", "1 2", "sin()"}) {
+  for (const char* text :
+       {"", " ", "1 +", "(1", "vol", "_pi", "_e", "\"text\"", "1 2", "sin()", "1e"}) {
     EXPECT_THROW(parser.Evaluate(text), std::runtime_error) << text;
   }
   EXPECT_EQ(parser.Evaluate("1 + 1"), 2);

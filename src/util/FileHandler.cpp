@@ -27,10 +27,8 @@ std::size_t ReadWhole(FileHandler& file, Bytes& data) {
 
 template <typename Bytes>
 std::size_t WriteWhole(FileHandler& file, const Bytes& data) {
-  if (data.size() > kLargestItem) {
-    return 0;
-  }
-  return file.write(data.data(), static_cast<unsigned>(data.size()));
+  return data.size() <= kLargestItem ? file.write(data.data(), static_cast<unsigned>(data.size()))
+                                     : 0;
 }
 
 }  // namespace
