@@ -27,8 +27,8 @@ void __lsan_enable() __attribute__((weak));
 
 namespace {
 
-int allocationsLeft = 0;  // the allocation that takes this to 0 fails
-int living = 0;
+thread_local int allocationsLeft = 0;  // the allocation that takes this to 0 fails
+thread_local int living = 0;
 
 }  // namespace
 

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <vector>
+#include <list>
 
 #include "vehicle/LoadDocument.h"
 
@@ -25,71 +25,81 @@ using AssociationStore = util::DataHash<std::string, std::shared_ptr<UnitAssocia
 
 constexpr int kMostFiles = 1000;
 
-std::string PlaceOf(const TiXmlElement& element) {
-  return element.GetDocument()->ValueStr() + ':' + std::to_string(element.Row()) + ':' +
-         std::to_string(element.Column()) + ": ";
-}
-
 // Loads one file with all that it includes. `chain` holds the files from the first one to the one
-// being read; each of them is waiting for what it includes.
+// being read; each of them is waiting for what it includes. It stands in place of calls within
+// calls, so that no chain can overflow the stack.
 class TreeLoader {
  public:
   TreeLoader(const std::string& prefix, AssociationStore& store, std::string& error)
       : prefix(prefix), store(store), error(error) {}
 
   bool Load(const std::string& path) {
-    TiXmlDocument document(path);
-    if (!vehicle::LoadDocument(document, error)) {
-      return false;
+    bool loading = Open(path);
+    while (loading && !chain.empty()) {
+      File& file = chain.back();
+      if (const TiXmlElement* include = file.include) {
+        file.include = include->NextSiblingElement("include");
+        loading = Include(*include);
+      } else {
+        vehicle::ReadHashData<UnitAssociation>(file.root, store, error);
+        chain.pop_back();
+      }
     }
-    TiXmlElement* root = document.FirstChildElement("unit_associations");
-    chain.push_back(path);
-    const bool included = root == nullptr || LoadIncludes(*root);
-    chain.pop_back();
-    if (included) {
-      vehicle::ReadHashData<UnitAssociation>(root, store, error);
-    }
-    return included;
+    return loading;
   }
 
  private:
-  bool LoadIncludes(const TiXmlElement& root) {
-    for (const TiXmlElement* include = root.FirstChildElement("include"); include != nullptr;
-         include = include->NextSiblingElement("include")) {
-      const char* name = include->GetText();
-      if (name == nullptr) {
-        error += PlaceOf(*include) + "<include> names no file\n";
-        return false;
-      }
-      const std::string path = prefix + name;
-      if (std::find(chain.begin(), chain.end(), path) != chain.end()) {
-        ReportCycle(*include, path);
-        return false;
-      }
-      if (++files > kMostFiles) {
-        error +=
-            PlaceOf(*include) + "more than " + std::to_string(kMostFiles) + " files in one load\n";
-        return false;
-      }
-      if (!Load(path)) {
-        return false;
-      }
+  struct File {
+    explicit File(const std::string& path) : document(path) {}
+    TiXmlDocument document;
+    TiXmlElement* root = nullptr;
+    const TiXmlElement* include = nullptr;  // the next to follow
+  };
+
+  bool Open(const std::string& path) {
+    File& file = chain.emplace_back(path);
+    if (!vehicle::LoadDocument(file.document, error)) {
+      return false;
     }
+    file.root = file.document.FirstChildElement("unit_associations");
+    file.include = file.root != nullptr ? file.root->FirstChildElement("include") : nullptr;
     return true;
   }
 
-  void ReportCycle(const TiXmlElement& include, const std::string& path) {
-    error += PlaceOf(include) + "include cycle: ";
-    for (const std::string& file : chain) {
-      error += file + " -> ";
+  bool Include(const TiXmlElement& include) {
+    const char* name = include.GetText();
+    if (name == nullptr) {
+      return Fail(include, "<include> names no file");
     }
-    error += path + '\n';
+    const std::string path = prefix + name;
+    if (std::any_of(chain.begin(), chain.end(),
+                    [&](const File& file) { return file.document.ValueStr() == path; })) {
+      return Fail(include, "include cycle: " + DescribeChain() + path);
+    }
+    if (++files > kMostFiles) {
+      return Fail(include, "more than " + std::to_string(kMostFiles) + " files in one load");
+    }
+    return Open(path);
+  }
+
+  bool Fail(const TiXmlElement& include, const std::string& what) {
+    error += include.GetDocument()->ValueStr() + ':' + std::to_string(include.Row()) + ':' +
+             std::to_string(include.Column()) + ": " + what + '\n';
+    return false;
+  }
+
+  std::string DescribeChain() const {
+    std::string text;
+    for (const File& file : chain) {
+      text += file.document.ValueStr() + " -> ";
+    }
+    return text;
   }
 
   const std::string& prefix;
   AssociationStore& store;
   std::string& error;
-  std::vector<std::string> chain;
+  std::list<File> chain;
   int files = 1;
 };
 

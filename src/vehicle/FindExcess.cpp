@@ -11,16 +11,18 @@ namespace vehicle {
 
 namespace {
 
-bool IsSpace(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+bool IsSpace(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte <= ' ' || byte > '~') && std::isspace(byte) != 0;
+}
 
 bool IsNameStart(char c) {
   const auto byte = static_cast<unsigned char>(c);
-  return byte == '_' || byte >= 127 || std::isalpha(byte) != 0;
+  return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_' || byte > '~';
 }
 
 bool IsInName(char c) {
-  return IsNameStart(c) || std::isdigit(static_cast<unsigned char>(c)) != 0 || c == '-' ||
-         c == '.' || c == ':';
+  return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == ':';
 }
 
 std::size_t Utf8Length(char c) {
