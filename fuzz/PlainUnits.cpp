@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -20,7 +21,7 @@ bool Parse(const std::string& path, TiXmlDocument& document) {
   if (text.empty()) {
     return false;
   }
-  text = text.c_str();
+  text.resize(std::strlen(text.c_str()));
   document.Parse((text + std::string(3, '\0')).c_str());
   return true;
 }
