@@ -1,6 +1,6 @@
 #include "Compare.h"
 
-#include <cstring>
+#include <cmath>
 #include <stdexcept>
 #include <string>
 
@@ -10,7 +10,7 @@ namespace {
 
 template <typename Value>
 bool SameBits(Value a, Value b) {
-  return std::memcmp(&a, &b, sizeof a) == 0 || (a != a && b != b);
+  return (a == b && std::signbit(a) == std::signbit(b)) || (std::isnan(a) && std::isnan(b));
 }
 
 // Calls `convert` with each of some values and requires what `plain` makes of it.

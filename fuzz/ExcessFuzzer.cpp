@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 #include "Require.h"
@@ -39,7 +40,8 @@ bool IsBeyondLimit(const TiXmlNode& parent, std::size_t levels) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string text(reinterpret_cast<const char*>(data), size);
-  text = text.c_str() + std::string(3, '\0');
+  text.resize(std::strlen(text.c_str()));
+  text.append(3, '\0');
   const auto excess = vehicle::FindExcess(text, kLimit);
   TiXmlDocument document;
   document.Parse(text.c_str());

@@ -1,7 +1,7 @@
 // The input is an expression. It is evaluated twice: compiled, then as kept.
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -20,8 +20,10 @@ std::optional<double> Evaluate(Parser& parser, const std::string& expression) {
 }
 
 bool Same(std::optional<double> a, std::optional<double> b) {
-  return a.has_value() == b.has_value() &&
-         (!a || std::memcmp(&*a, &*b, sizeof *a) == 0 || (*a != *a && *b != *b));
+  if (!a || !b) {
+    return !a && !b;
+  }
+  return (*a == *b && std::signbit(*a) == std::signbit(*b)) || (std::isnan(*a) && std::isnan(*b));
 }
 
 }  // namespace

@@ -20,10 +20,12 @@
 #include "units/parse_monitors.h"
 #include "util/FileHandler.h"
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the sanitizer's own names
 extern "C" {
 void __lsan_disable() __attribute__((weak));
 void __lsan_enable() __attribute__((weak));
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 

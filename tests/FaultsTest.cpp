@@ -23,6 +23,7 @@ bool Fails() { return callsLeft > 0 && --callsLeft == 0; }
 
 }  // namespace
 
+// NOLINTBEGIN(bugprone-reserved-identifier): the linker's own names
 extern "C" {
 
 FILE* __real_fopen(const char* path, const char* mode);
@@ -52,6 +53,7 @@ int __wrap_fseek(FILE* stream, long offset, int origin) {
 long __wrap_ftell(FILE* stream) { return Fails() ? -1 : __real_ftell(stream); }
 
 }  // extern "C"
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
