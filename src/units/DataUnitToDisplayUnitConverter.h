@@ -95,10 +95,13 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// leaves one but fails nothing. Throws only `std::bad_alloc`; what was loaded by then stays.
   bool ReadAndParseXMLAssociations(const std::string& name, std::string& error);
 
-  /// Each loads one system's file at `base` + suffix, as `RecursiveLoad` does.
+  /// Loads the standard system's file at `base` + `STD_SUFFIX`, as `RecursiveLoad` does.
   bool LoadSTDUnits(const std::string& base, std::string& error);
+  /// The same for the UK standard system, with `STD_UK_SUFFIX`.
   bool LoadSTDUKUnits(const std::string& base, std::string& error);
+  /// The same for the metric system, with `METRIC_SUFFIX`.
   bool LoadMetricUnits(const std::string& base, std::string& error);
+  /// The same for the Greek system, with `GREEK_SUFFIX`.
   bool LoadGreekUnits(const std::string& base, std::string& error);
 
   /// Loads nothing and returns true: there is no tuner metric system.
@@ -135,6 +138,7 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// `UnitConverter::ConvertUnit` does; throws what that throws. `value` stays as it was when
   /// `unit` has no association, is its own display unit, or has no such conversion.
   void ConvertUnit(const std::string& unit, double& value) const;
+  /// The same in single precision.
   void ConvertUnit(const std::string& unit, float& value) const;
 
   /// Converts `value` from the display unit of the data unit `unit` back into `unit`; otherwise as
