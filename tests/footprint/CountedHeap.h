@@ -1,46 +1,8 @@
 #pragma once
 
-#include <malloc.h>
-
-#include <algorithm>
 #include <cstddef>
 
-// The C library's allocator, counted, for a program and every library in it. One file of the
-// program includes this header.
-
-inline std::size_t held = 0;  // bytes
-inline std::size_t peak = 0;  // the most since it was last set
-
-// A block costs what it can hold, and the word in front of it.
-inline std::size_t CostOf(void* block) {
-  return block != nullptr ? malloc_usable_size(block) + sizeof(std::size_t) : 0;
-}
-
-inline void* Add(void* block) {
-  held += CostOf(block);
-  peak = std::max(peak, held);
-  return block;
-}
-
-extern "C" {
-
-void* __libc_malloc(std::size_t size);                 // NOLINT(bugprone-reserved-identifier)
-void* __libc_calloc(std::size_t n, std::size_t size);  // NOLINT(bugprone-reserved-identifier)
-void* __libc_realloc(void* block, std::size_t size);   // NOLINT(bugprone-reserved-identifier)
-void __libc_free(void* block);                         // NOLINT(bugprone-reserved-identifier)
-
-void* malloc(std::size_t size) { return Add(__libc_malloc(size)); }
-
-void* calloc(std::size_t n, std::size_t size) { return Add(__libc_calloc(n, size)); }
-
-void* realloc(void* block, std::size_t size) {
-  held -= CostOf(block);
-  return Add(__libc_realloc(block, size));
-}
-
-void free(void* block) {
-  held -= CostOf(block);
-  __libc_free(block);
-}
-
-}  // extern "C"
+// The C library's allocator, counted, for the program and every library in it. A block costs what
+// it can hold, and the word in front of it.
+extern std::size_t held;  // bytes
+extern std::size_t peak;  // the most since it was last set

@@ -2,6 +2,7 @@
 // load takes, in microseconds, and the bytes of heap that are held while it is loaded.
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 
