@@ -5,20 +5,10 @@
 
 #include "Failure.h"
 
-namespace {
-
-std::filesystem::path InstalledFolder() {
+DataFolder::DataFolder() {
   std::error_code ignored;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-  return program.parent_path().parent_path() / "share" / "vehicle-units";
-}
-
-}  // namespace
-
-DataFolder::DataFolder() {
-  const std::filesystem::path installed = InstalledFolder();
-  folder = std::filesystem::is_directory(installed) ? installed.string()
-                                                    : std::string(VEHICLE_UNITS_SOURCE_DATA);
+  folder = (program.parent_path() / VEHICLE_UNITS_DATA).lexically_normal().string();
 }
 
 void DataFolder::AddOption(CLI::App& command) {

@@ -10,7 +10,7 @@ class App;
 class DataFolder {
  public:
   /// The folder that this program takes when none is named: `share/vehicle-units` beside the
-  /// `bin` that it was installed in, else that of the source tree which it was built from.
+  /// folder that the program stands in.
   DataFolder();
 
   /// Adds the option `--data DIR` to `command`.

@@ -35,21 +35,23 @@ class VEHICLE_UNITS_EXPORT ConvMonitor {
   /// greater than `max` are swapped; one that is not a number never causes a swap.
   ConvMonitor(int index, const std::string& title, const std::string& units, float min, float max,
               int precision);
+
+  /// A monitor of its own, equal in all it holds.
   ConvMonitor(const ConvMonitor&);
-  ConvMonitor& operator=(const ConvMonitor&);
+  ConvMonitor& operator=(const ConvMonitor&);  ///< Takes over all that the other holds.
   ~ConvMonitor();
 
   /// The text stays valid while the monitor lives and its name is unchanged.
   const char* GetName() const;
-  void SetName(const std::string& name);
+  void SetName(const std::string& name);  ///< Replaces the name.
 
   /// The text stays valid while the monitor lives.
   const char* GetUnits() const;
 
-  float GetMin() const;
-  float GetMax() const;
+  float GetMin() const;  ///< The lower limit, in `GetUnits()`, after a swap.
+  float GetMax() const;  ///< The upper limit, in `GetUnits()`, after a swap.
 
-  float GetValue() const;
+  float GetValue() const;  ///< The watched value, in `GetUnits()`; 0 until one is set.
   /// Takes any value, also one outside the limits.
   void SetValue(float value);
 
@@ -65,7 +67,7 @@ class VEHICLE_UNITS_EXPORT ConvMonitor {
 
   /// The trigger's threshold, and whether it has been set.
   std::pair<float, bool> GetTriggerVal() const;
-  void SetTriggerVal(float threshold);
+  void SetTriggerVal(float threshold);  ///< Sets the threshold, in `GetUnits()`.
 
   /// Empties the comparison operation and takes the threshold back to 0, not set. Active status and
   /// summary stay.
@@ -73,10 +75,10 @@ class VEHICLE_UNITS_EXPORT ConvMonitor {
 
   /// How the value is compared with the threshold; empty until it is set. Any text is kept.
   std::string GetComparisonOperation() const;
-  void SetComparisonOperation(const std::string& operation);
+  void SetComparisonOperation(const std::string& operation);  ///< Replaces it.
 
-  void SetTriggerActiveStatus(bool active);
-  bool GetTriggerActiveStatus() const;
+  void SetTriggerActiveStatus(bool active);  ///< Keeps whether the trigger is active.
+  bool GetTriggerActiveStatus() const;       ///< As it was set; false until then.
 
   /// Keeps a text that sums the trigger up.
   void SetTriggerSummary(const std::string& summary);

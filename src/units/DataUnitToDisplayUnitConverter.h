@@ -96,10 +96,13 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// by then stays.
   bool ReadAndParseXMLAssociations(const std::string& name, std::string& error);
 
-  /// Each loads one system's file at `base` + suffix, as `RecursiveLoad` does.
+  /// Loads the standard system's file at `base` + `STD_SUFFIX`, as `RecursiveLoad` does.
   bool LoadSTDUnits(const std::string& base, std::string& error);
+  /// The same for the UK standard system, with `STD_UK_SUFFIX`.
   bool LoadSTDUKUnits(const std::string& base, std::string& error);
+  /// The same for the metric system, with `METRIC_SUFFIX`.
   bool LoadMetricUnits(const std::string& base, std::string& error);
+  /// The same for the Greek system, with `GREEK_SUFFIX`.
   bool LoadGreekUnits(const std::string& base, std::string& error);
 
   /// Loads nothing and returns true: there is no tuner metric system.
@@ -139,6 +142,7 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// `UnitConverter::ConvertUnit` does; throws what that throws. `value` stays as it was when
   /// `unit` has no association, is its own display unit, or has no such conversion.
   void ConvertUnit(const std::string& unit, double& value) const;
+  /// The same in single precision.
   void ConvertUnit(const std::string& unit, float& value) const;
 
   /// Converts `value` from the display unit of the data unit `unit` back into `unit`; otherwise as
@@ -148,7 +152,7 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
  private:
   using AssociationStore = util::DataHash<std::string, std::shared_ptr<UnitAssociation>>;
 
-  const std::string* FindOtherDisplayUnit(const std::string& unit) const;
+  VEHICLE_UNITS_LOCAL const std::string* FindOtherDisplayUnit(const std::string& unit) const;
 
   // `unitType` is always one of the four systems: it is the index of its store.
   std::string xmlFilePath;

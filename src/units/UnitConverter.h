@@ -92,6 +92,7 @@ class VEHICLE_UNITS_EXPORT UnitConverter {
   /// `std::system_error` when the lock cannot be taken, and whatever the evaluator throws that is
   /// not a `std::runtime_error`; `value` is then as it was.
   void ConvertUnit(const std::string& fromUnit, const std::string& toUnit, double& value) const;
+  /// The same for a `float`, as said above.
   void ConvertUnit(const std::string& fromUnit, const std::string& toUnit, float& value) const;
 
  private:

@@ -96,6 +96,7 @@ class VEHICLE_UNITS_EXPORT DataHash : public __gnu_cxx::hash_map<K, V, H> {
   /// The value stored under `key`; assigning through the reference replaces it. Throws
   /// `key_notfound_error` for an absent key.
   virtual V& findData(const K& key);
+  /// The same of a store that is only read.
   virtual const V& findData(const K& key) const;
 
   /// Stores `value` under `key`, whether the key is there or not. The table grows as for a new key

@@ -54,6 +54,7 @@ class VEHICLE_UNITS_EXPORT FileHandler {
   /// and zero bytes behind; a size of 0, one that cannot be told and one that no raw read can name
   /// (above the largest `unsigned`) leave it empty; a closed handle leaves it as it was.
   virtual std::size_t read(std::vector<unsigned char>& data);
+  /// The same into a string.
   virtual std::size_t read(std::string& data);
 
   /// Reads up to `itemCount` items of `itemSize` bytes each and returns the number of whole items
@@ -63,6 +64,7 @@ class VEHICLE_UNITS_EXPORT FileHandler {
   /// Writes all bytes of `data` as one item. Returns 1 when all were written; 0 otherwise, as for
   /// empty `data` and for more bytes than the largest `unsigned`, of which none are written.
   virtual std::size_t write(const std::vector<unsigned char>& data);
+  /// The same of a string.
   virtual std::size_t write(const std::string& data);
 
   /// Writes `size` bytes as one item and returns 1 when all were written; 0 otherwise, as when

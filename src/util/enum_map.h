@@ -17,9 +17,12 @@ namespace util {
 template <typename E, typename Name>
 class enum_map {
  public:
+  /// A value with its name.
   using value_type = typename std::map<E, Name>::value_type;
+  /// Goes over the pairs.
   using const_iterator = typename std::map<E, Name>::const_iterator;
 
+  /// The names of `rows`, in any order; of several for one value the first counts.
   enum_map(std::initializer_list<value_type> rows) : names(rows) {}
 
   /// The lowest value that bears `name`, or nothing.
@@ -32,8 +35,9 @@ class enum_map {
     return std::nullopt;
   }
 
-  /// The pairs of value and name, in ascending order of the values.
+  /// The first of the pairs of value and name, in ascending order of the values.
   const_iterator begin() const { return names.begin(); }
+  /// Behind the last pair.
   const_iterator end() const { return names.end(); }
 
  private:

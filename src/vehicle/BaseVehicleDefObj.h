@@ -8,7 +8,8 @@ class TiXmlElement;
 
 namespace vehicle {
 
-/// What every definition object can do. The order of the operations is that of their virtual slots.
+/// What every definition object can do; `BaseVehicleDefObj` says how. The order of the operations
+/// is that of their virtual slots.
 class VEHICLE_UNITS_EXPORT IBaseVehicleDefObj {
  public:
   virtual ~IBaseVehicleDefObj();
@@ -16,15 +17,18 @@ class VEHICLE_UNITS_EXPORT IBaseVehicleDefObj {
   /// "BaseVehicleDefObj".
   virtual const char* DebugGetClassName() const;
 
+  /// Reads an element into the object; 2 means that nothing was read.
   virtual int Read(TiXmlElement* element, std::string& error, bool flag) = 0;
-  virtual int Validate() = 0;
-  virtual int GetTagXMLRow() const = 0;
-  virtual int GetTagXMLColumn() const = 0;
-  virtual std::string GetTagDocumentName() const = 0;
-  virtual const std::string& GetObjId() const = 0;
-  virtual void SetObjId(const std::string& id) = 0;
+  virtual int Validate() = 0;                          ///< Checks the object; 0 means sound.
+  virtual int GetTagXMLRow() const = 0;                ///< The row of its element, from 1.
+  virtual int GetTagXMLColumn() const = 0;             ///< The column of its element, from 1.
+  virtual std::string GetTagDocumentName() const = 0;  ///< The file of its element.
+  virtual const std::string& GetObjId() const = 0;     ///< The identifier.
+  virtual void SetObjId(const std::string& id) = 0;    ///< Replaces the identifier.
+  /// Binds the object to its next element, and returns that.
   virtual TiXmlElement* ReadObjId(TiXmlElement* element, bool flag) = 0;
-  virtual bool IsObjIdRequired() const = 0;
+  virtual bool IsObjIdRequired() const = 0;  ///< Whether it is an error to lack an identifier.
+  /// Reads the class's own content.
   virtual int DoRead(TiXmlElement* element, std::string& error, bool flag) = 0;
 };
 
@@ -50,8 +54,9 @@ class VEHICLE_UNITS_EXPORT BaseVehicleDefObj : public IBaseVehicleDefObj {
   /// Checks the object as read; 0 means sound.
   int Validate() override = 0;
 
-  /// Row and column, from 1, of the element in its document; 0 for an object bound to none.
+  /// The row of the element in its document, from 1; 0 for an object bound to none.
   int GetTagXMLRow() const override;
+  /// The column, in the same way.
   int GetTagXMLColumn() const override;
 
   /// The name of the element's document, its file path as loaded; empty for an object bound to no
@@ -60,6 +65,7 @@ class VEHICLE_UNITS_EXPORT BaseVehicleDefObj : public IBaseVehicleDefObj {
 
   /// The identifier; empty until an element that has one has been found.
   const std::string& GetObjId() const override;
+  /// Replaces the identifier.
   void SetObjId(const std::string& id) override;
 
   /// Finds the next element of the class's tag name: with `flag` false the first such child of
@@ -81,7 +87,7 @@ class VEHICLE_UNITS_EXPORT BaseVehicleDefObj : public IBaseVehicleDefObj {
 
  protected:
   TiXmlElement* currentElement = nullptr;  ///< The element bound to; not owned, may be null.
-  std::string objId;
+  std::string objId;                       ///< The identifier.
 
  private:
   std::string tagName;

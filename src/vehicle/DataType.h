@@ -25,8 +25,11 @@ class VEHICLE_UNITS_EXPORT DataType : public BaseVehicleDefObj {
   int Validate() override;
   int DoRead(TiXmlElement* element, std::string& error, bool flag) override;
 
+  /// The kind.
   VehicleV2::ConversionTypes_e conversionType = VehicleV2::CONVERSION_INVALID;
+  /// The constants of a "slope-int" conversion.
   std::map<VehicleV2::ConversionConstants_e, double> conversionConstants;
+  /// The expression of any other, as written in the file; empty where there was none.
   std::string toFloatExpression;
 };
 

@@ -1,0 +1,100 @@
+# bash completion for vehicle-units: commands, options and their values, and the units of the data.
+
+# Prints the source units of the data, or the target units of the unit $1, one a line. The command
+# `units` puts two blanks or more behind a source unit and a comma between targets.
+_vehicle_units_names() {
+  local from=${1-}
+  "$program" units "${data[@]}" 2>/dev/null | while IFS= read -r line; do
+    if [ -z "$from" ]; then
+      printf '%s\n' "${line%%  *}"
+    elif [ "${line%%  *}" = "$from" ]; then
+      line=${line#"$from"}
+      line=${line#"${line%%[! ]*}"}
+      printf '%s\n' "${line//, /$'\n'}"
+      break
+    fi
+  done
+}
+
+# Offers those of the lines of standard input that begin with the word being completed, each with $1
+# behind it, quoted as the shell needs.
+_vehicle_units_offer() {
+  local typed name
+  typed=$(_vehicle_units_plain "$current")
+  while IFS= read -r name; do
+    if [[ -n $name && $name == "$typed"* ]]; then
+      COMPREPLY+=("$(printf '%q' "$name")${1-}")
+    fi
+  done
+}
+
+# The word without the quotes and backslashes that it was typed with.
+_vehicle_units_plain() {
+  local word=$1
+  word=${word//\\/}
+  word=${word//\"/}
+  printf '%s' "${word//\'/}"
+}
+
+_vehicle_units_words() { _vehicle_units_offer < <(printf '%s\n' "$@"); }
+
+_vehicle_units_options() {
+  local options=(--help --data)
+  case $command in
+    convert) options+=(--float) ;;
+    show | monitors) options+=(--name --system) ;;
+    check) options+=(--name --format --strict) ;;
+  esac
+  _vehicle_units_words "${options[@]}"
+}
+
+_vehicle_units_argument() {
+  case $command:${#arguments[@]} in
+    convert:0) _vehicle_units_offer < <(_vehicle_units_names) ;;
+    convert:1) _vehicle_units_offer < <(_vehicle_units_names "${arguments[0]}") ;;
+    show:*)
+      compopt -o nospace 2>/dev/null
+      _vehicle_units_offer = < <(_vehicle_units_names) ;;
+    monitors:0)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
+  esac
+}
+
+_vehicle_units() {
+  local program=${COMP_WORDS[0]} current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
+  local command= arguments=() data=() i
+  COMPREPLY=()
+  for ((i = 1; i < COMP_CWORD; i++)); do
+    case ${COMP_WORDS[i]} in
+      --data) data=(--data "$(_vehicle_units_plain "${COMP_WORDS[++i]}")") ;;
+      --name | --system | --format) ((++i)) ;;
+      -*) ;;
+      *)
+        if [ -z "$command" ]; then
+          command=${COMP_WORDS[i]}
+        else
+          arguments+=("$(_vehicle_units_plain "${COMP_WORDS[i]}")")
+        fi ;;
+    esac
+  done
+  case $previous in
+    --data)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -d -- "$current") ;;
+    --system) _vehicle_units_words std std_uk metric greek all ;;
+    --format) _vehicle_units_words text json sarif ;;
+    --name) ;;
+    *)
+      if [[ $current == -* ]]; then
+        [ -n "$command" ] || _vehicle_units_words --help --version
+        [ -z "$command" ] || _vehicle_units_options
+      elif [ -z "$command" ]; then
+        _vehicle_units_words convert units show monitors check graph
+      else
+        _vehicle_units_argument
+      fi ;;
+  esac
+}
+
+complete -F _vehicle_units vehicle-units
