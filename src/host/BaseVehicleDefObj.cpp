@@ -2,6 +2,7 @@
 
 #include <tinyxml.h>
 
+#include "vehicle/FormatError.h"
 #include "vehicle/ReadField.h"
 
 namespace vehicle {
@@ -59,8 +60,8 @@ bool BaseVehicleDefObj::IsObjIdRequired() const { return true; }
 
 std::string BaseVehicleDefObj::GenerateParseErrorForMissingTag(const std::string& tag) const {
   const std::string name = currentElement != nullptr ? currentElement->ValueStr() : tagName;
-  return GetTagDocumentName() + ':' + std::to_string(GetTagXMLRow()) + ':' +
-         std::to_string(GetTagXMLColumn()) + ": <" + name + "> lacks the tag \"" + tag + "\"\n";
+  return FormatError(GetTagDocumentName(), GetTagXMLRow(), GetTagXMLColumn(),
+                     '<' + name + "> lacks the tag \"" + tag + '"');
 }
 
 }  // namespace vehicle

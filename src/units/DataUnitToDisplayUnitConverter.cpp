@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <list>
 
+#include "vehicle/FormatError.h"
 #include "vehicle/LoadDocument.h"
 
 template class util::DataHash<
@@ -83,8 +84,8 @@ class TreeLoader {
   }
 
   bool Fail(const TiXmlElement& include, const std::string& what) {
-    error += include.GetDocument()->ValueStr() + ':' + std::to_string(include.Row()) + ':' +
-             std::to_string(include.Column()) + ": " + what + '\n';
+    error += vehicle::FormatError(include.GetDocument()->ValueStr(), include.Row(),
+                                  include.Column(), what);
     return false;
   }
 

@@ -10,6 +10,7 @@
 
 #include "util/FileHandler.h"
 #include "vehicle/FindExcess.h"
+#include "vehicle/FormatError.h"
 
 namespace vehicle {
 
@@ -38,12 +39,6 @@ Place PlaceAt(const std::string& text, std::size_t offset, int tabSize) {
   return place;
 }
 
-void Report(const TiXmlDocument& document, Place place, const std::string& what,
-            std::string& error) {
-  error += document.ValueStr() + ':' + std::to_string(place.row) + ':' +
-           std::to_string(place.column) + ": " + what + '\n';
-}
-
 }  // namespace
 
 bool LoadDocument(TiXmlDocument& document, std::string& error) {
@@ -53,7 +48,7 @@ bool LoadDocument(TiXmlDocument& document, std::string& error) {
     return false;
   }
   if (std::filesystem::file_size(path, failure) > kLargestFile) {
-    Report(document, {}, "larger than 64 MiB", error);
+    error += FormatError(document.ValueStr(), 1, 1, "larger than 64 MiB");
     return false;
   }
   util::FileHandler file(document.Value(), "rb");
@@ -65,7 +60,8 @@ bool LoadDocument(TiXmlDocument& document, std::string& error) {
   text.resize(std::strlen(text.c_str()));
   text.append(kLongestCharacter - 1, '\0');
   if (const std::optional<Excess> excess = FindExcess(text, kMostOfAKind)) {
-    Report(document, PlaceAt(text, excess->offset, document.TabSize()), excess->what, error);
+    const Place place = PlaceAt(text, excess->offset, document.TabSize());
+    error += FormatError(document.ValueStr(), place.row, place.column, excess->what);
     return false;
   }
   document.Parse(text.c_str());
