@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <tinyxml.h>
 
-#include <cstdlib>
 #include <functional>
 #include <memory>
 #include <new>
@@ -12,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "Allocations.h"
 #include "TempFolder.h"
 #include "host/Parser.h"
 #include "units/ConvMonitor.h"
@@ -29,78 +29,7 @@ void __lsan_enable() __attribute__((weak));
 
 namespace {
 
-thread_local int allocationsLeft = 0;  // the allocation that takes this to 0 fails
-thread_local int living = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  if (allocationsLeft > 0 && --allocationsLeft == 0) {
-    throw std::bad_alloc();
-  }
-  void* memory = std::malloc(size > 0 ? size : 1);
-  if (memory == nullptr) {
-    throw std::bad_alloc();
-  }
-  ++living;
-  return memory;
-}
-
-void operator delete(void* memory) noexcept {
-  living -= memory != nullptr ? 1 : 0;
-  std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t /*size*/) noexcept { operator delete(memory); }
-
-namespace {
-
 const std::string kLong(100, 'l');  // no text that a string keeps inside itself
-
-// True if `operate` came through with the `failing`-th allocation failing, or was not hit by it.
-template <typename State>
-bool Survives(State& state, const std::function<void(State&)>& operate, int failing) {
-  allocationsLeft = failing;
-  try {
-    operate(state);
-    return true;
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
-}
-
-// Has each allocation of `operate` on a state new from `make` fail, repeats the operation on the
-// same state, and requires that `check` then holds.
-template <typename State>
-void FailEachAllocation(const std::function<void(State&)>& operate,
-                        const std::function<bool(State&)>& check,
-                        const std::function<std::unique_ptr<State>()>& make, bool leaks = false) {
-  bool hit = true;
-  int failing = 0;
-  for (; hit; ++failing) {  // the first round fails nothing: it makes what is made once
-    const int before = living;
-    {
-      const std::unique_ptr<State> state = make();
-      const bool survived = Survives<State>(*state, operate, failing);
-      hit = failing == 0 || allocationsLeft == 0;
-      allocationsLeft = 0;
-      if (!survived) {
-        operate(*state);
-      }
-      EXPECT_TRUE(check(*state)) << "allocation " << failing;
-    }
-    if (failing > 0 && !leaks) {
-      EXPECT_EQ(living, before) << "allocation " << failing;
-    }
-  }
-  EXPECT_GT(failing, 2) << "nothing was allocated";
-}
-
-template <typename State>
-void FailEachAllocation(const std::function<void(State&)>& operate,
-                        const std::function<bool(State&)>& check) {
-  FailEachAllocation<State>(operate, check, [] { return std::make_unique<State>(); });
-}
 
 template <typename Object, typename... Arguments>
 void FailEachAllocationOfConstructor(const Arguments&... arguments) {
