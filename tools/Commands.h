@@ -10,3 +10,5 @@ class App;
 /// speaks in the terminal's character set. They throw `Failure`.
 void AddConvertCommand(CLI::App& app, const Charset& terminal);
 void AddUnitsCommand(CLI::App& app, const Charset& terminal);
+void AddCheckCommand(CLI::App& app, const Charset& terminal);
+void AddGraphCommand(CLI::App& app, const Charset& terminal);
