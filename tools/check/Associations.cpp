@@ -110,13 +110,10 @@ void Associations::ReadInclude(const DataFile& file, const TiXmlElement& include
     return;
   }
   const std::string path = folder + name;
-  if (std::find(chain.begin(), chain.end(), path) != chain.end()) {
+  const auto link = std::find(chain.begin(), chain.end(), path);
+  if (link != chain.end()) {
     system.complete = false;
-    std::string circle;
-    for (auto link = std::find(chain.begin(), chain.end(), path); link != chain.end(); ++link) {
-      circle += *link + " -> ";
-    }
-    findings.Add(file.At(include), Rule::kIncludeCycle, "include cycle: " + circle + path);
+    ReportCycle(file.At(include), {link, chain.end()});
     return;
   }
   const DataFile& included = Open(path);
@@ -127,6 +124,17 @@ void Associations::ReadInclude(const DataFile& file, const TiXmlElement& include
   chain.push_back(path);
   ReadTree(included, system, chain);
   chain.pop_back();
+}
+
+void Associations::ReportCycle(const Place& place, const Chain& circle) {
+  if (!circles.insert(std::set<std::string>(circle.begin(), circle.end())).second) {
+    return;
+  }
+  std::string text = "include cycle: ";
+  for (const std::string& path : circle) {
+    text += path + " -> ";
+  }
+  findings.Add(place, Rule::kIncludeCycle, text + circle.front());
 }
 
 void Associations::ReadOwn(const DataFile& file, UnitSystem& system) {

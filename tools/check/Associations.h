@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -61,6 +62,7 @@ class Associations {
   void ReadTree(const DataFile& file, UnitSystem& system, Chain& chain);
   void ReadInclude(const DataFile& file, const TiXmlElement& include, UnitSystem& system,
                    Chain& chain);
+  void ReportCycle(const Place& place, const Chain& circle);
   void ReadOwn(const DataFile& file, UnitSystem& system);
   void ReportRepeated(const DataFile& file, const TiXmlElement& element,
                       const TiXmlElement& earlier);
@@ -70,6 +72,7 @@ class Associations {
   Findings& findings;
   std::vector<std::unique_ptr<UnitSystem>> systems;
   std::map<std::string, std::unique_ptr<DataFile>> files;
+  std::set<std::set<std::string>> circles;  // the include cycles reported
 
   // Of the elements in all files: those that differ from what was associated before them, by
   // system; those that change what a system shows; those that the same file overrides.

@@ -75,7 +75,7 @@ bool ExpressionRules::Check(const std::string& expression, const Place& place,
 
 // The evaluator keeps every expression that it has compiled; a file may have very many.
 Parser& ExpressionRules::Evaluator() {
-  constexpr int kMostKept = 1000;
+  constexpr int kMostKept = 100;
   if (used++ % kMostKept == 0) {
     parser.emplace();
   }
@@ -123,7 +123,7 @@ void ExpressionRules::CheckThatItIsFinite(const std::string& expression, const P
     if (!std::isfinite(result)) {
       findings.Add(place, Rule::kExpressionNotFinite,
                    "the expression " + Quoted(expression) + " is not finite: it gives " +
-                       FormatNumber(result) + " for " + FormatNumber(value),
+                       (std::isnan(result) ? "no number" : FormatNumber(result)) + " for " + FormatNumber(value),
                    subject);
       return;
     }

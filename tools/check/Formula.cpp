@@ -60,8 +60,21 @@ double Evaluator::Apply(const vehicle::DataType& record, double value) {
     return constants.at(VehicleV2::CONSTANT_SCALAR) * value +
            constants.at(VehicleV2::CONSTANT_OFFSET);
   }
-  parser.variables["val"] = value;
-  return parser.Evaluate(record.toFloatExpression);
+  Prepare(record);
+  parser->variables["val"] = value;
+  return parser->Evaluate(record.toFloatExpression);
+}
+
+void Evaluator::Prepare(const vehicle::DataType& record) {
+  constexpr std::size_t kMostKept = 500;
+  if (&record == last) {
+    return;
+  }
+  last = &record;
+  if (compiled.insert(last).second && compiled.size() % kMostKept == 1) {
+    parser.emplace();
+    compiled = {last};
+  }
 }
 
 }  // namespace check

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "host/Parser.h"
@@ -21,11 +23,17 @@ const std::vector<double>& SampleValues();
 /// Computes conversions as the engine does.
 class Evaluator {
  public:
-  /// `value` converted by `record`. Throws what the host's evaluator throws.
+  /// `value` converted by `record`, which must stay. Throws what the host's evaluator throws.
   double Apply(const vehicle::DataType& record, double value);
 
  private:
-  Parser parser;
+  void Prepare(const vehicle::DataType& record);
+
+  // The host's evaluator keeps every expression that it has compiled, and a file may have very
+  // many: it is renewed now and then.
+  std::optional<Parser> parser;
+  std::unordered_set<const vehicle::DataType*> compiled;
+  const vehicle::DataType* last = nullptr;
 };
 
 }  // namespace check

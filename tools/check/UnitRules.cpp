@@ -106,13 +106,14 @@ void UnitRules::CheckMeaning(const std::string& shown, const std::set<int>& show
 }
 
 // The units around `start` that are connected without `avoided`, as far as it takes to find all of
-// `sought`.
+// `sought` and another one.
 std::set<int> UnitRules::ReachableWithout(int start, int avoided,
                                           const std::set<int>& sought) const {
   std::set<int> reached{start};
   std::vector<int> queue{start};
   std::size_t found = sought.count(start);
-  for (std::size_t i = 0; i < queue.size() && found < sought.size(); ++i) {
+  const auto enough = [&] { return found == sought.size() && reached.size() > 1; };
+  for (std::size_t i = 0; i < queue.size() && !enough(); ++i) {
     for (const int next : conversions.NeighboursOf(queue[i])) {
       if (next != avoided && reached.insert(next).second) {
         queue.push_back(next);

@@ -22,6 +22,10 @@ std::string Describe(const Difference& difference) {
   return std::string("by a relative error of ") + error + " at " + FormatNumber(difference.at);
 }
 
+bool IsLinear(const Conversion& conversion) {
+  return conversion.record->conversionType == VehicleV2::CONVERSION_SLOPE_INT;
+}
+
 Way Both(const Way& one, const Way& other) {
   Way both = one;
   both.insert(both.end(), other.begin(), other.end());
@@ -62,7 +66,7 @@ void WaysRules::CheckWayBack(const Conversion& there, const Conversion& back) {
   }
   const Conversion* start = &there;
   Difference difference = comparison.Compare({&there, &back}, {});
-  if (difference.error == 0) {
+  if (difference.error == 0 && !(IsLinear(there) && IsLinear(back))) {
     start = &back;
     difference = comparison.Compare({&back, &there}, {});
   }
