@@ -27,9 +27,10 @@ std::string ReadFile(const std::string& path) {
 
 class Program : public testing::Test {
  protected:
-  // Runs the program through the shell, which reads `arguments`, in a UTF-8 locale.
-  Outcome Run(const std::string& arguments, const std::string& input = "") const {
-    const std::string command = "LC_ALL=C.UTF-8 " VEHICLE_UNITS_PROGRAM " " + arguments + " <" +
+  // Runs the program through the shell, which reads `arguments`.
+  Outcome Run(const std::string& arguments, const std::string& input = "",
+              const std::string& environment = "LC_ALL=C.UTF-8") const {
+    const std::string command = environment + " " VEHICLE_UNITS_PROGRAM " " + arguments + " <" +
                                 folder.Write("in", input) + " >" + folder.Path("out") + " 2>" +
                                 folder.Path("err");
     const int status = std::system(command.c_str());
@@ -70,11 +71,26 @@ TEST_F(Program, ConvertsItsArgumentsOrTheLinesOfItsInput) {
   ExpectOutput("convert psi psi 1", "1 psi\n");
 }
 
-TEST_F(Program, WritesInTheTerminalsCharacterSet) {
-  const Outcome utf8 = Run("convert TEMP_CEL °F 100");
-  EXPECT_EQ(utf8.output,
-            "212 \xC2\xB0"
+TEST_F(Program, SpeaksTheTerminalsCharacterSet) {
+  const std::string locale = folder.Path("en_US.ISO-8859-1");
+  ASSERT_EQ(std::system(("localedef -i en_US -f ISO-8859-1 " + locale).c_str()), 0);
+  const std::string latin1 = "LOCPATH=" + folder.Path() + " LC_ALL=en_US.ISO-8859-1";
+  EXPECT_EQ(Run("convert TEMP_CEL \xB0"
+                "F 100",
+                "", latin1)
+                .output,
+            "212 \xB0"
             "F\n");
+  EXPECT_EQ(Run("show --system metric m/s\xB2=1", "", latin1).output,
+            "data unit  value     metric\nm/s\xB2           1  1  m/s\xB2\n");
+  for (const char* utf8 : {"LC_ALL=C.UTF-8", "LC_ALL=C"}) {
+    EXPECT_EQ(Run("convert TEMP_CEL \xC2\xB0"
+                  "F 100",
+                  "", utf8)
+                  .output,
+              "212 \xC2\xB0"
+              "F\n");
+  }
 }
 
 TEST_F(Program, SaysWhyItCannotConvert) {
@@ -109,6 +125,86 @@ TEST_F(Program, ListsTheSourceUnitsAndTheirTargets) {
                                     "<tounit id='B'><conv to_float='1'/></tounit>"),
                "A  B, C\n");
   EXPECT_NE(Run("units").output.find("\nTEMP_CEL                 °C, °F\n"), std::string::npos);
+}
+
+TEST_F(Program, ShowsReadingsInOneSystemOrInAll) {
+  ExpectOutput("show TEMP_CEL=-40 EFFICIENCY_MPG=31",
+               "data unit       value       std                std_uk             metric"
+               "            greek\n"
+               "TEMP_CEL          -40  -40  °F            -40  °C            -40  °C"
+               "           -40  °C\n"
+               "EFFICIENCY_MPG     31   31  mpg (US)  37.2294  mpg (UK)  7.58757  L/100km"
+               "  13.1795  km/L\n");
+  ExpectOutput("show --system metric",
+               "data unit  value           metric\n"
+               "SPEED_MPH     55  88.5139  km/h\n"
+               "RPM         3500     3500  RPM\n",
+               "SPEED_MPH=55\nRPM= 3500\r\n");
+}
+
+TEST_F(Program, SaysWhatIsWrongWithAReading) {
+  ExpectFailure("show TEMP_CE=4",
+                "unknown data unit \"TEMP_CE\"; nearest: TEMP_CEL, TEMP_FAH, g-force");
+  ExpectFailure("show TEMP_CEL", "not DATAUNIT=VALUE: \"TEMP_CEL\"");
+  ExpectFailure("show TEMP_CEL=4,5", "not a number: \"4,5\"");
+}
+
+TEST_F(Program, NamesTheAssociationFileThatFails) {
+  const std::string show = "show --name CAR A=1" + DataOption("");
+  const auto write = [this](const std::string& name, const std::string& children) {
+    return folder.Write(name, "<unit_associations>" + children + "</unit_associations>");
+  };
+  ExpectFailure(show, "cannot read " + folder.Path("CAR_UNIT_ASSOCIATIONS_STD.xml"));
+  write("CAR_UNIT_ASSOCIATIONS_STD.xml", "<unitassoc tounit='B'/><unitassoc id='A' tounit='B'/>");
+  write("CAR_UNIT_ASSOCIATIONS_STD_UK.xml",
+        "<include>good.xml</include><include>bad.xml</include>");
+  write("good.xml", "");
+  write("bad.xml", "<include>good.xml</include><include>missing.xml</include>");
+  const std::string nameless =
+      folder.Path("CAR_UNIT_ASSOCIATIONS_STD.xml") + ":1:20: <unitassoc> lacks the tag \"id\"\n";
+  EXPECT_EQ(Run(show).error,
+            nameless + "vehicle-units: cannot read " + folder.Path("missing.xml") + '\n');
+  write("bad.xml", "<include/>");
+  EXPECT_EQ(Run(show).error, nameless + folder.Path("bad.xml") +
+                                 ":1:20: <include> names no file\n" +
+                                 "vehicle-units: cannot load " +
+                                 folder.Path("CAR_UNIT_ASSOCIATIONS_STD_UK.xml") + '\n');
+}
+
+TEST_F(Program, ShowsTheMonitorsOfAFile) {
+  const std::string file = folder.Write("monitors.tsv",
+                                        "Coolant\tTEMP_CEL\t70\t110\t1\t92\r\n"
+                                        "Boost\tPRESSURE_KPA\t150\t-15\t2\t162.5\n"
+                                        "Fuel use\tEFFICIENCY_MPG\t10\t50\t1\t-5\n"
+                                        "Load\tother\t0\t1\n"
+                                        "\n"
+                                        "Speed\tSPEED_MPH\t \t100\n"
+                                        "RPM\tRPM\t500\t6500\t0\tidle");
+  const Outcome outcome = Run("monitors --system metric " + file);
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output,
+            "metric     value   lower   upper  unit\n"
+            "Coolant     92.0    70.0   110.0  °C\n"
+            "Boost     162.50  -15.00  150.00  kPa      OUTSIDE, limits inverted\n"
+            "Fuel use   -47.0     4.7    23.5  L/100km  OUTSIDE\n"
+            "Load           -       0       1  other\n"
+            "RPM            -     500    6500  RPM\n");
+  EXPECT_EQ(outcome.error, file + ":5: skipped: it has no title\n" + file +
+                               ":6: skipped: its lower limit is blank\n" + file +
+                               ":7: the value is not a number: \"idle\"\n" + file +
+                               ": 2 of 7 lines skipped\n");
+  EXPECT_NE(Run("monitors " + file).output.find("\nstd_uk "), std::string::npos);
+}
+
+TEST_F(Program, FailsWithoutAUsableMonitor) {
+  const std::string file = folder.Write("monitors.tsv", "Coolant\tTEMP_CEL\n");
+  const Outcome outcome = Run("monitors " + file);
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.error, file + ":1: skipped: it has no lower limit\n" + file +
+                               ": 1 of 1 lines skipped\nvehicle-units: " + file +
+                               " has no usable line\n");
+  ExpectFailure("monitors /missing", "cannot read /missing");
+  ExpectFailure("monitors " + folder.Path(), "cannot read " + folder.Path());
 }
 
 TEST_F(Program, TellsBadUsageByStatus2) {

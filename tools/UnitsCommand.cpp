@@ -1,28 +1,21 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <iostream>
 #include <memory>
-#include <string>
-#include <vector>
 
 #include "Commands.h"
 #include "ConversionCatalog.h"
 #include "DataFolder.h"
 #include "Join.h"
+#include "Table.h"
 
 namespace {
 
 void Run(const DataFolder& data, const Charset& terminal) {
   const ConversionCatalog catalog(data.Path());
-  const std::vector<std::string> units = catalog.SourceUnits();
-  std::size_t width = 0;
-  for (const std::string& unit : units) {
-    width = std::max(width, unit.size());
+  Table table({Table::kLeft, Table::kLeft});
+  for (const std::string& unit : catalog.SourceUnits()) {
+    table.AddRow({unit, Join(catalog.TargetUnits(unit))});
   }
-  for (const std::string& unit : units) {
-    const std::string padding(width - unit.size() + 2, ' ');
-    std::cout << terminal.FromLatin1(unit + padding + Join(catalog.TargetUnits(unit))) << '\n';
-  }
+  table.Print(terminal);
 }
 
 }  // namespace

@@ -16,6 +16,8 @@ int Run(int argc, char** argv, const Charset& terminal) {
   app.set_version_flag("--version", "vehicle-units " VEHICLE_UNITS_VERSION);
   app.require_subcommand(1);
   AddConvertCommand(app, terminal);
+  AddMonitorsCommand(app, terminal);
+  AddShowCommand(app, terminal);
   AddUnitsCommand(app, terminal);
   AddCheckCommand(app, terminal);
   AddGraphCommand(app, terminal);
