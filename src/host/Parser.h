@@ -32,8 +32,9 @@ class VEHICLE_UNITS_EXPORT Parser {
   /// text is compiled the first time that it is evaluated and kept until the parser is destroyed.
   /// An assignment inside an expression changes nothing outside that evaluation.
   ///
-  /// Throws `std::runtime_error` with a message for a text that is no expression, the empty one
-  /// included, and for a name that is not in `variables`; `std::bad_alloc` when memory runs out.
+  /// Throws `std::runtime_error` with a message for a text that is no expression, the empty one and
+  /// one longer than 20,000 bytes included, and for a name that is not in `variables`;
+  /// `std::bad_alloc` when memory runs out.
   /// The parser stays usable in every case.
   double Evaluate(const std::string& expression);
 

@@ -22,6 +22,8 @@ namespace {
 using UnitAssociation = DataUnitToDisplayUnitConverter::UnitAssociation;
 using AssociationStore = util::DataHash<std::string, std::shared_ptr<UnitAssociation>>;
 
+constexpr int kMostFiles = 1000;
+
 std::string PlaceOf(const TiXmlElement& element) {
   return element.GetDocument()->ValueStr() + ':' + std::to_string(element.Row()) + ':' +
          std::to_string(element.Column()) + ": ";
@@ -36,7 +38,7 @@ class TreeLoader {
 
   bool Load(const std::string& path) {
     TiXmlDocument document(path);
-    if (!vehicle::LoadDocument(document)) {
+    if (!vehicle::LoadDocument(document, error)) {
       return false;
     }
     TiXmlElement* root = document.FirstChildElement("unit_associations");
@@ -63,6 +65,11 @@ class TreeLoader {
         ReportCycle(*include, path);
         return false;
       }
+      if (++files > kMostFiles) {
+        error +=
+            PlaceOf(*include) + "more than " + std::to_string(kMostFiles) + " files in one load\n";
+        return false;
+      }
       if (!Load(path)) {
         return false;
       }
@@ -82,6 +89,7 @@ class TreeLoader {
   AssociationStore& store;
   std::string& error;
   std::vector<std::string> chain;
+  int files = 1;
 };
 
 bool IsUnitType(unitTypes_e type) { return type >= UNIT_TYPE_STD && type <= UNIT_TYPE_GREEK; }

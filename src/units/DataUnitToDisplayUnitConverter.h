@@ -91,8 +91,9 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// false at the first system that fails; the later ones are then not touched.
   ///
   /// Messages are appended to `error`, each a line `FILE:LINE:COLUMN: …`, and are never cleared. A
-  /// file that is missing, unreadable or empty leaves no message. A "unitassoc" without identifier
-  /// leaves one but fails nothing. Throws only `std::bad_alloc`; what was loaded by then stays.
+  /// file that is missing, unreadable, no regular file or empty leaves no message. A "unitassoc"
+  /// without identifier leaves one but fails nothing. Throws only `std::bad_alloc`; what was loaded
+  /// by then stays.
   bool ReadAndParseXMLAssociations(const std::string& name, std::string& error);
 
   /// Each loads one system's file at `base` + suffix, as `RecursiveLoad` does.
@@ -109,9 +110,12 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// that its own override. A repeated association replaces the fields that it gives.
   ///
   /// Returns false when the file or one that it includes cannot be read or is empty, with no
-  /// message; when an "include" names no file or a file of the chain that leads to it, with one
-  /// line in `error`; and when `type` is none of the four systems. The associations of the includes
-  /// read before stay. A file that is no association file loads nothing and returns true.
+  /// message; with one line in `error`, when an "include" names no file or a file of the chain that
+  /// leads to it, when a file is larger than 64 MiB or has elements more than 64 deep or with more
+  /// than 64 attributes, and before a file is read that would be the 1,001st of this load; and when
+  /// `type` is none of the four systems. The associations of the includes read before stay. A file
+  /// that is no association file loads nothing and returns true. A load that failed may be repeated
+  /// once the file is mended.
   bool RecursiveLoad(const std::string& path, unitTypes_e type, std::string& error);
 
   /// Chooses the unit system, which counts from the next call on; nothing is loaded. A value that

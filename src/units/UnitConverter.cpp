@@ -41,7 +41,7 @@ UnitConverter::~UnitConverter() = default;
 
 bool UnitConverter::LoadFromXML(const std::string& fileName, std::string& error) {
   TiXmlDocument document(xmlFilePath + fileName);
-  if (!vehicle::LoadDocument(document)) {
+  if (!vehicle::LoadDocument(document, error)) {
     return false;
   }
   vehicle::ReadHashData<UnitsToFunctionsDefObj>(document.FirstChildElement("unit_conversions"),

@@ -65,11 +65,14 @@ class VEHICLE_UNITS_EXPORT UnitConverter {
   /// Adds the definitions of the conversion file at the file path set before directly followed by
   /// `fileName`. A source unit that is there already is read into its definition.
   ///
-  /// Returns false, with nothing changed and nothing appended to `error`, when the file is missing,
-  /// unreadable or empty. Otherwise returns true, and the definitions that the parser could deliver
-  /// are loaded: of a file that is no conversion file, none. A definition without identifier is
-  /// skipped with one line `FILE:LINE:COLUMN: …` appended to `error`, which is never cleared.
-  /// Throws only `std::bad_alloc`; what was loaded by then stays.
+  /// Returns false, with nothing changed, when the file is missing, unreadable, no regular file or
+  /// empty, and, with one line in `error`, when it is larger than 64 MiB or has elements more than
+  /// 64 deep or with more than 64 attributes. Otherwise returns true, and the definitions that the
+  /// parser could deliver are loaded: of a file that is no conversion file, none. A definition
+  /// without identifier is skipped with one line in `error`.
+  ///
+  /// Lines are `FILE:LINE:COLUMN: …`, appended to `error`, which is never cleared. Throws only
+  /// `std::bad_alloc`; what was loaded by then stays.
   bool LoadFromXML(const std::string& fileName, std::string& error);
 
   /// Sets the file path, to which file names are appended as it stands (so a directory ends in a

@@ -1,12 +1,19 @@
 #pragma once
 
+#include <string>
+
 class TiXmlDocument;
 
 namespace vehicle {
 
 /// Reads the whole file that `document` is named after and parses it. Returns false, with the
-/// document empty, when the file cannot be opened or read or has no bytes. A file that is not
-/// well-formed is no failure: the document holds what the parser made of it.
-bool LoadDocument(TiXmlDocument& document);
+/// document empty, when the file
+/// - is no regular file, cannot be opened or read or has no bytes: `error` is left alone;
+/// - is larger than 64 MiB, holds an element that stands below 64 others, or one with more than 64
+///   attributes: a line `FILE:LINE:COLUMN: …` is appended to `error`. The parser never sees it.
+///
+/// A file that is not well-formed is no failure: the document holds what the parser made of it. The
+/// text ends at its first NUL.
+bool LoadDocument(TiXmlDocument& document, std::string& error);
 
 }  // namespace vehicle
