@@ -116,6 +116,9 @@ void Associations::ReadInclude(const DataFile& file, const TiXmlElement& include
     ReportCycle(file.At(include), {link, chain.end()});
     return;
   }
+  if (!CanGoOn(Open(chain.front()), system)) {
+    return;
+  }
   const DataFile& included = Open(path);
   if (included.GetState() == DataFile::State::kUnreadable) {
     findings.Add(file.At(include), Rule::kMissingInclude,
@@ -124,6 +127,20 @@ void Associations::ReadInclude(const DataFile& file, const TiXmlElement& include
   chain.push_back(path);
   ReadTree(included, system, chain);
   chain.pop_back();
+}
+
+// Files that include each other over and over make endless work. Before that the library is asked
+// whether it would do it.
+bool Associations::CanGoOn(const DataFile& top, UnitSystem& system) {
+  constexpr int kMany = 1000;
+  if (++system.includes == kMany) {
+    Converter converter;
+    converter.SetXMLFilePath(folder);
+    std::string messages;
+    system.complete = converter.RecursiveLoad(top.Path(), units::UNIT_TYPE_STD, messages);
+    top.PassOn(messages, Rule::kNotLoaded, findings);
+  }
+  return system.includes < kMany || system.complete;
 }
 
 void Associations::ReportCycle(const Place& place, const Chain& circle) {

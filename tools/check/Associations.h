@@ -31,6 +31,7 @@ struct UnitSystem {
   std::string base;
   std::string name;
   bool complete = true;  ///< whether the library can load all of its files
+  int includes = 0;      ///< files read by including them, as often as they are
   Store store;
   std::map<std::string, Association> last;  ///< what settles the display unit of each data unit
 };
@@ -62,6 +63,7 @@ class Associations {
   void ReadTree(const DataFile& file, UnitSystem& system, Chain& chain);
   void ReadInclude(const DataFile& file, const TiXmlElement& include, UnitSystem& system,
                    Chain& chain);
+  bool CanGoOn(const DataFile& top, UnitSystem& system);
   void ReportCycle(const Place& place, const Chain& circle);
   void ReadOwn(const DataFile& file, UnitSystem& system);
   void ReportRepeated(const DataFile& file, const TiXmlElement& element,

@@ -25,18 +25,19 @@ std::string DeclaredEncoding(const TiXmlDocument& document) {
 
 DataFile::DataFile(const std::string& path, const std::string& rootName, Findings& findings)
     : document(path) {
-  std::string text;
-  if (util::FileHandler(path.c_str(), "rb").read(text) == 0) {
-    return;
-  }
   std::string messages;
   if (!units::UnitConverter().LoadFromXML(path, messages)) {
     state = messages.empty() ? State::kUnreadable : State::kRefused;
     PassOn(messages, Rule::kNotLoaded, findings);
     return;
   }
+  std::string text;
+  if (util::FileHandler(path.c_str(), "rb").read(text) == 0) {
+    return;
+  }
   state = State::kLoaded;
   document.SetTabSize(1);
+  text.append(3, '\0');  // the parser may step over the end inside a character that is cut off
   document.Parse(text.c_str());
   root = document.FirstChildElement(rootName);
   CheckDocument(text, rootName, findings);

@@ -123,7 +123,8 @@ void ExpressionRules::CheckThatItIsFinite(const std::string& expression, const P
     if (!std::isfinite(result)) {
       findings.Add(place, Rule::kExpressionNotFinite,
                    "the expression " + Quoted(expression) + " is not finite: it gives " +
-                       (std::isnan(result) ? "no number" : FormatNumber(result)) + " for " + FormatNumber(value),
+                       (std::isnan(result) ? "no number" : FormatNumber(result)) + " for " +
+                       FormatNumber(value),
                    subject);
       return;
     }
