@@ -194,14 +194,16 @@ TEST_F(Check, BlamesTheConversionThatSpoilsMostLoops) {
 
 TEST_F(Check, SurvivesIncludesThatMultiply) {
   const std::string start = "<unit_associations>";
+  const std::string end = "</unit_associations>";
+  const auto include = [](int i) { return "<include>F" + std::to_string(i) + ".xml</include>"; };
   for (int i = 0; i < 40; ++i) {
-    const std::string next = "<include>F" + std::to_string(i + 1) + ".xml</include>";
-    folder.Write("F" + std::to_string(i) + ".xml", start + next + next + "</unit_associations>");
+    std::string text = start;
+    text.append(include(i + 1)).append(include(i + 1)).append(end);
+    folder.Write("F" + std::to_string(i) + ".xml", text);
   }
-  folder.Write("F40.xml", start + "</unit_associations>");
+  folder.Write("F40.xml", start + end);
   for (const char* system : {"STD", "STD_UK", "METRIC", "GREEK"}) {
-    folder.Write(std::string("X_UNIT_ASSOCIATIONS_") + system + ".xml",
-                 start + "<include>F0.xml</include></unit_associations>");
+    folder.Write(std::string("X_UNIT_ASSOCIATIONS_") + system + ".xml", start + include(0) + end);
   }
   folder.Write("UNIT_CONVERSIONS.xml", "<unit_conversions/>");
   const std::vector<std::string> broken = RulesOf(Run("check --data " + folder.Path()).output);

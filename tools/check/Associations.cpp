@@ -60,12 +60,13 @@ const std::vector<std::string>& Associations::FileEndings() {
 }
 
 void Associations::Read(const std::string& base) {
+  const std::string start = folder + base + Converter::ASSOCIATION_FILENAME;
   for (const std::string& suffix : Suffixes()) {
     systems.push_back(std::make_unique<UnitSystem>());
     UnitSystem& system = *systems.back();
     system.base = base;
     system.name = SystemName(suffix);
-    Chain chain{folder + base + Converter::ASSOCIATION_FILENAME + suffix};
+    Chain chain{start + suffix};
     const DataFile& file = Open(chain.front());
     if (file.GetState() == DataFile::State::kUnreadable) {
       findings.Add({chain.front()}, Rule::kMissingFile,

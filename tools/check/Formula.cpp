@@ -22,7 +22,7 @@ std::string Describe(const vehicle::DataType& record, std::string (*format)(doub
   std::string formula = "val";
   for (const auto& [constant, number] : record.conversionConstants) {
     if (constant == VehicleV2::CONSTANT_SCALAR && number != 1) {
-      formula = format(number) + " * " + formula;
+      formula.insert(0, format(number) + " * ");
     } else if (constant == VehicleV2::CONSTANT_OFFSET && number != 0) {
       formula += (number < 0 ? " - " : " + ") + format(std::abs(number));
     }
