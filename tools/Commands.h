@@ -12,3 +12,5 @@ void AddConvertCommand(CLI::App& app, const Charset& terminal);
 void AddMonitorsCommand(CLI::App& app, const Charset& terminal);
 void AddShowCommand(CLI::App& app, const Charset& terminal);
 void AddUnitsCommand(CLI::App& app, const Charset& terminal);
+void AddCheckCommand(CLI::App& app, const Charset& terminal);
+void AddGraphCommand(CLI::App& app, const Charset& terminal);

@@ -36,12 +36,15 @@ std::size_t EditDistance(const std::string& a, const std::string& b) {
 
 }  // namespace
 
+std::size_t NameDistance(const std::string& a, const std::string& b) {
+  return EditDistance(LettersAndDigits(a), LettersAndDigits(b));
+}
+
 std::string NearestNames(const std::string& name, const std::vector<std::string>& names) {
   constexpr std::size_t kMost = 3;
-  const std::string sought = LettersAndDigits(name);
   std::vector<std::pair<std::size_t, std::string>> ranked;
   for (const std::string& candidate : names) {
-    ranked.emplace_back(EditDistance(sought, LettersAndDigits(candidate)), candidate);
+    ranked.emplace_back(NameDistance(name, candidate), candidate);
   }
   std::sort(ranked.begin(), ranked.end());
   ranked.resize(std::min(ranked.size(), kMost));

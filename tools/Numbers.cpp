@@ -22,7 +22,7 @@ std::optional<double> ParseNumber(const std::string& text) {
   }
   const char* begin = text.data() + first;
   const char* end = text.data() + text.find_last_not_of(kBlanks) + 1;
-  if (*begin == '+') {
+  if (*begin == '+' && begin + 1 != end && begin[1] != '-') {
     ++begin;
   }
   double number = 0;

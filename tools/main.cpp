@@ -19,8 +19,12 @@ int Run(int argc, char** argv, const Charset& terminal) {
   AddMonitorsCommand(app, terminal);
   AddShowCommand(app, terminal);
   AddUnitsCommand(app, terminal);
+  AddCheckCommand(app, terminal);
+  AddGraphCommand(app, terminal);
   try {
     app.parse(argc, argv);
+  } catch (const CLI::RuntimeError& end) {  // a command's own status, told already
+    return end.get_exit_code();
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kBadUsage;
   }

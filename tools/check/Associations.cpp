@@ -1,0 +1,226 @@
+#include "check/Associations.h"
+
+#include <algorithm>
+
+#include "check/NameRules.h"
+#include "vehicle/ReadField.h"
+#include "vehicle/ReadHashData.h"
+
+namespace check {
+
+namespace {
+
+using Converter = units::DataUnitToDisplayUnitConverter;
+
+constexpr char kRoot[] = "unit_associations";
+
+const Names kFields{"id", "fromunit", "tounit"};
+
+// "STD" of "_STD.xml".
+std::string SystemName(const std::string& suffix) {
+  return suffix.substr(1, suffix.rfind('.') - 1);
+}
+
+const std::vector<std::string>& Suffixes() {
+  static const std::vector<std::string> suffixes{Converter::STD_SUFFIX, Converter::STD_UK_SUFFIX,
+                                                 Converter::METRIC_SUFFIX, Converter::GREEK_SUFFIX};
+  return suffixes;
+}
+
+void CheckNames(const DataFile& file, Findings& findings) {
+  const NameRules names(file, findings);
+  const TiXmlElement& root = *file.Root();
+  names.CheckAttributes(root, {}, {});
+  for (const TiXmlElement* child = root.FirstChildElement(); child != nullptr;
+       child = child->NextSiblingElement()) {
+    if (child->ValueStr() == "unitassoc") {
+      names.CheckFields(*child, kFields, kFields);
+    } else if (child->ValueStr() == "include") {
+      names.CheckTextOnly(*child);
+    } else {
+      names.CheckChild(root, *child, {}, {"unitassoc", "include"});
+    }
+  }
+}
+
+}  // namespace
+
+Associations::Associations(const std::string& folder, Findings& findings)
+    : folder(folder), findings(findings) {}
+
+const std::vector<std::string>& Associations::FileEndings() {
+  static const std::vector<std::string> endings = [] {
+    std::vector<std::string> made;
+    for (const std::string& suffix : Suffixes()) {
+      made.push_back(Converter::ASSOCIATION_FILENAME + suffix);
+    }
+    return made;
+  }();
+  return endings;
+}
+
+void Associations::Read(const std::string& base) {
+  const std::string start = folder + base + Converter::ASSOCIATION_FILENAME;
+  for (const std::string& suffix : Suffixes()) {
+    systems.push_back(std::make_unique<UnitSystem>());
+    UnitSystem& system = *systems.back();
+    system.base = base;
+    system.name = SystemName(suffix);
+    Chain chain{start + suffix};
+    const DataFile& file = Open(chain.front());
+    if (file.GetState() == DataFile::State::kUnreadable) {
+      findings.Add({chain.front()}, Rule::kMissingFile,
+                   "the file of the unit system " + system.name + " is missing or empty");
+    }
+    ReadTree(file, system, chain);
+    MarkEffective(system);
+  }
+}
+
+const DataFile& Associations::Open(const std::string& path) {
+  auto& file = files[path];
+  if (file == nullptr) {
+    file = std::make_unique<DataFile>(path, kRoot, findings);
+    if (file->Root() != nullptr) {
+      CheckNames(*file, findings);
+    }
+  }
+  return *file;
+}
+
+void Associations::ReadTree(const DataFile& file, UnitSystem& system, Chain& chain) {
+  if (file.GetState() != DataFile::State::kLoaded) {
+    system.complete = false;
+  }
+  if (file.Root() == nullptr) {
+    return;
+  }
+  for (const TiXmlElement* include = file.Root()->FirstChildElement("include"); include != nullptr;
+       include = include->NextSiblingElement("include")) {
+    ReadInclude(file, *include, system, chain);
+  }
+  ReadOwn(file, system);
+}
+
+void Associations::ReadInclude(const DataFile& file, const TiXmlElement& include,
+                               UnitSystem& system, Chain& chain) {
+  const char* name = include.GetText();
+  if (name == nullptr) {
+    system.complete = false;
+    findings.Add(file.At(include), Rule::kEmptyInclude, "<include> names no file");
+    return;
+  }
+  const std::string path = folder + name;
+  const auto link = std::find(chain.begin(), chain.end(), path);
+  if (link != chain.end()) {
+    system.complete = false;
+    ReportCycle(file.At(include), {link, chain.end()});
+    return;
+  }
+  if (!CanGoOn(Open(chain.front()), system)) {
+    return;
+  }
+  const DataFile& included = Open(path);
+  if (included.GetState() == DataFile::State::kUnreadable) {
+    findings.Add(file.At(include), Rule::kMissingInclude,
+                 "the included file " + path + " is missing or empty");
+  }
+  chain.push_back(path);
+  ReadTree(included, system, chain);
+  chain.pop_back();
+}
+
+// Files that include each other over and over make endless work. Before that the library is asked
+// whether it would do it.
+bool Associations::CanGoOn(const DataFile& top, UnitSystem& system) {
+  constexpr int kMany = 1000;
+  if (++system.includes == kMany) {
+    Converter converter;
+    converter.SetXMLFilePath(folder);
+    std::string messages;
+    system.complete = converter.RecursiveLoad(top.Path(), units::UNIT_TYPE_STD, messages);
+    top.PassOn(messages, Rule::kNotLoaded, findings);
+  }
+  return system.includes < kMany || system.complete;
+}
+
+void Associations::ReportCycle(const Place& place, const Chain& circle) {
+  if (!circles.insert(std::set<std::string>(circle.begin(), circle.end())).second) {
+    return;
+  }
+  std::string text = "include cycle: ";
+  for (const std::string& path : circle) {
+    text += path + " -> ";
+  }
+  findings.Add(place, Rule::kIncludeCycle, text + circle.front());
+}
+
+void Associations::ReadOwn(const DataFile& file, UnitSystem& system) {
+  std::map<std::string, std::pair<const TiXmlElement*, std::string>> own;
+  for (const TiXmlElement* element = file.Root()->FirstChildElement("unitassoc");
+       element != nullptr; element = element->NextSiblingElement("unitassoc")) {
+    const char* id = vehicle::ReadField(*element, "id");
+    if (id == nullptr || *id == '\0') {
+      continue;
+    }
+    const auto known = own.find(id);
+    const auto stored = system.store.find(id);
+    std::string before = stored != system.store.end() ? stored->second->toUnit : "";
+    if (known != own.end()) {
+      ReportRepeated(file, *element, *known->second.first);
+      before = known->second.second;
+    }
+    const char* shown = vehicle::ReadField(*element, "tounit");
+    if (shown != nullptr && shown != before) {
+      changing[&system].insert(element);
+    }
+    own[id] = {element, shown != nullptr ? shown : before};
+    if (shown != nullptr || system.last.count(id) == 0) {
+      system.last[id] = {&file, element};
+    }
+  }
+  std::string messages;
+  vehicle::ReadHashData<Converter::UnitAssociation>(file.Root(), system.store, messages);
+  file.PassOn(messages, Rule::kMissingId, findings);
+}
+
+void Associations::ReportRepeated(const DataFile& file, const TiXmlElement& element,
+                                  const TiXmlElement& earlier) {
+  repeated.insert(&earlier);
+  repeated.insert(&element);
+  findings.Add(file.At(element), Rule::kRepeatedDefinition,
+               Quoted(vehicle::ReadField(element, "id")) +
+                   " is associated again, and what is given here counts; the association before "
+                   "stands at " +
+                   ToString(file.At(earlier)));
+}
+
+void Associations::MarkEffective(const UnitSystem& system) {
+  for (const auto& [id, association] : system.last) {
+    if (changing[&system].count(association.element) != 0) {
+      effective.insert(association.element);
+    }
+  }
+}
+
+void Associations::ReportThoseWithoutEffect() {
+  for (const auto& [path, file] : files) {
+    if (file->Root() == nullptr) {
+      continue;
+    }
+    for (const TiXmlElement* element = file->Root()->FirstChildElement("unitassoc");
+         element != nullptr; element = element->NextSiblingElement("unitassoc")) {
+      const char* id = vehicle::ReadField(*element, "id");
+      const char* shown = vehicle::ReadField(*element, "tounit");
+      if (id != nullptr && *id != '\0' && shown != nullptr && *shown != '\0' &&
+          effective.count(element) + repeated.count(element) == 0) {
+        findings.Add(file->At(*element), Rule::kWithoutEffect,
+                     Quoted(id) + " as " + Quoted(shown) +
+                         " has no effect: every unit system that reads it has the same from an "
+                         "included file or overrides it");
+      }
+    }
+  }
+}
+
+}  // namespace check

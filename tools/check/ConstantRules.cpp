@@ -1,0 +1,71 @@
+#include "check/ConstantRules.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "Numbers.h"
+#include "check/ReadAlone.h"
+#include "vehicle/ReadField.h"
+
+namespace check {
+
+namespace {
+
+const std::string& NameOf(VehicleV2::ConversionConstants_e constant) {
+  for (const auto& [candidate, name] : VehicleV2::conversionConstantNames()) {
+    if (candidate == constant) {
+      return name;
+    }
+  }
+  std::abort();  // the table names every constant
+}
+
+bool IsNumberBeyondRange(const char* text) {
+  char* end = nullptr;
+  const double number = std::strtod(text, &end);
+  return end != text && *end == '\0' && !std::isfinite(number);
+}
+
+}  // namespace
+
+bool ConstantRules::Check(const TiXmlElement& toUnit, VehicleV2::ConversionConstants_e constant,
+                          const Subject& subject) const {
+  const TiXmlElement& conv = *toUnit.FirstChildElement("conv");
+  const std::string& name = NameOf(constant);
+  const char* text = vehicle::ReadField(conv, name.c_str());
+  if (text == nullptr) {
+    findings.Add(file.At(conv), Rule::kMissingConstant,
+                 Quoted(subject.from) + " into " + Quoted(subject.to) + " has no " + name +
+                     ": converting by it throws",
+                 subject);
+    return false;
+  }
+  const auto number = ParseNumber(text);
+  if (!number) {
+    ReportBadNumber(toUnit, constant, subject);
+    return false;
+  }
+  if (*number == 0 && constant == VehicleV2::CONSTANT_SCALAR) {
+    findings.Add(file.At(FieldOf(conv, name)), Rule::kZeroScalar,
+                 "a scalar of 0 makes every value the same", subject);
+    return false;
+  }
+  return true;
+}
+
+void ConstantRules::ReportBadNumber(const TiXmlElement& toUnit,
+                                    VehicleV2::ConversionConstants_e constant,
+                                    const Subject& subject) const {
+  const TiXmlElement& conv = *toUnit.FirstChildElement("conv");
+  const std::string& name = NameOf(constant);
+  const char* text = vehicle::ReadField(conv, name.c_str());
+  const bool beyond = IsNumberBeyondRange(text);
+  const double read = ReadAlone(toUnit).record->conversionConstants.at(constant);
+  findings.Add(file.At(FieldOf(conv, name)), beyond ? Rule::kNumberNotFinite : Rule::kBadNumber,
+               "the " + name + ' ' + Quoted(text) +
+                   (beyond ? " is not finite" : " is not a number") + ": it is read as " +
+                   FormatNumber(read),
+               subject);
+}
+
+}  // namespace check

@@ -1,0 +1,84 @@
+#include "check/DataFile.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+#include "check/Encoding.h"
+#include "units/UnitConverter.h"
+#include "util/FileHandler.h"
+
+namespace check {
+
+namespace {
+
+std::string DeclaredEncoding(const TiXmlDocument& document) {
+  for (const TiXmlNode* node = document.FirstChild(); node != nullptr; node = node->NextSibling()) {
+    if (const TiXmlDeclaration* declaration = node->ToDeclaration()) {
+      return declaration->Encoding();
+    }
+  }
+  return "";
+}
+
+}  // namespace
+
+DataFile::DataFile(const std::string& path, const std::string& rootName, Findings& findings)
+    : document(path) {
+  std::string messages;
+  if (!units::UnitConverter().LoadFromXML(path, messages)) {
+    state = messages.empty() ? State::kUnreadable : State::kRefused;
+    PassOn(messages, Rule::kNotLoaded, findings);
+    return;
+  }
+  std::string text;
+  if (util::FileHandler(path.c_str(), "rb").read(text) == 0) {
+    return;
+  }
+  state = State::kLoaded;
+  document.SetTabSize(1);
+  text.append(3, '\0');  // the parser may step over the end inside a character that is cut off
+  document.Parse(text.c_str());
+  root = document.FirstChildElement(rootName);
+  CheckDocument(text, rootName, findings);
+}
+
+void DataFile::CheckDocument(const std::string& text, const std::string& rootName,
+                             Findings& findings) {
+  CheckEncoding(Path(), text, DeclaredEncoding(document), findings);
+  if (document.Error()) {
+    const Place place{Path(), std::max(1, document.ErrorRow()), std::max(1, document.ErrorCol())};
+    findings.Add(place, Rule::kNotWellFormed, document.ErrorDesc());
+    return;
+  }
+  const TiXmlElement* element = document.FirstChildElement();
+  if (root == nullptr) {
+    findings.Add(element != nullptr ? At(*element) : Place{Path()}, Rule::kWrongRoot,
+                 element != nullptr ? "the root is <" + element->ValueStr() + ">, not <" +
+                                          rootName + ">: nothing is read"
+                                    : "there is no <" + rootName + ">: nothing is read");
+    return;
+  }
+  for (; element != nullptr; element = element->NextSiblingElement()) {
+    if (element != root) {
+      findings.Add(At(*element), Rule::kUnreadElement,
+                   "<" + element->ValueStr() + "> is not read beside <" + rootName + ">");
+    }
+  }
+}
+
+void DataFile::PassOn(const std::string& messages, Rule rule, Findings& findings) const {
+  std::istringstream lines(messages);
+  for (std::string line; std::getline(lines, line);) {
+    Place place{Path()};
+    if (line.compare(0, Path().size() + 1, Path() + ':') == 0) {
+      char* rest = nullptr;
+      place.line = static_cast<int>(std::strtol(line.c_str() + Path().size() + 1, &rest, 10));
+      place.column = static_cast<int>(std::strtol(rest + (*rest == ':'), &rest, 10));
+      line = rest + (*rest == ':') + (rest[0] == ':' && rest[1] == ' ');
+    }
+    findings.Add(place, rule, line);
+  }
+}
+
+}  // namespace check

@@ -1,0 +1,29 @@
+#include "check/ReadAlone.h"
+
+#include "units/UnitConverter.h"
+
+namespace check {
+
+Reading ReadAlone(const TiXmlElement& toUnit) {
+  TiXmlElement fromUnit("fromunit");
+  fromUnit.InsertEndChild(toUnit)->SetValue("tounit");
+  units::UnitConverter::UnitsToFunctionsDefObj definition;
+  definition.SetObjId("alone");
+  std::string error;
+  const bool ends = definition.Read(&fromUnit, error, false) != 0;
+  const auto& records = definition.toUnitFunctions;
+  return {records.empty() ? nullptr : records.begin()->second, ends};
+}
+
+const TiXmlBase& FieldOf(const TiXmlElement& element, const std::string& name) {
+  for (const TiXmlAttribute* attribute = element.FirstAttribute(); attribute != nullptr;
+       attribute = attribute->Next()) {
+    if (attribute->NameTStr() == name) {
+      return *attribute;
+    }
+  }
+  const TiXmlElement* child = element.FirstChildElement(name);
+  return child != nullptr ? *child : element;
+}
+
+}  // namespace check

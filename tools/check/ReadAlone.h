@@ -1,0 +1,24 @@
+#pragma once
+
+#include <tinyxml.h>
+
+#include <memory>
+#include <string>
+
+#include "vehicle/DataType.h"
+
+namespace check {
+
+/// What the library makes of one <tounit> that stands alone in a <fromunit>.
+struct Reading {
+  std::shared_ptr<vehicle::DataType> record;  ///< null where it makes none
+  bool ends;                                  ///< whether the reading ends with it
+};
+
+Reading ReadAlone(const TiXmlElement& toUnit);
+
+/// Where the field `name` of `element` stands: the attribute, the child element, or for a field
+/// that is absent the element itself.
+const TiXmlBase& FieldOf(const TiXmlElement& element, const std::string& name);
+
+}  // namespace check
