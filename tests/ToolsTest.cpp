@@ -63,6 +63,14 @@ TEST_F(Program, SaysWhatIsWrongWithTheData) {
   folder.Write("UNIT_CONVERSIONS.xml", "no XML");
   ExpectFailure("units --data " + folder.Path(),
                 folder.Path("UNIT_CONVERSIONS.xml") + " holds no conversions");
+  std::string deep;
+  for (int level = 0; level < 100000; ++level) {
+    deep += "<a>";
+  }
+  folder.Write("UNIT_CONVERSIONS.xml", deep);
+  EXPECT_EQ(Run("units --data " + folder.Path()).error,
+            folder.Path("UNIT_CONVERSIONS.xml") + ":1:193: more than 64 levels of elements\n" +
+                "vehicle-units: cannot load " + folder.Path("UNIT_CONVERSIONS.xml") + '\n');
 }
 
 TEST_F(Program, ListsTheSourceUnitsAndTheirTargets) {

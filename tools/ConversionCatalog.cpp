@@ -19,21 +19,27 @@ std::string Quoted(const std::string& name) { return '"' + name + '"'; }
 
 ConversionCatalog::ConversionCatalog(const std::string& folder) {
   const std::string path = folder + units::UnitConverter::CONVERSION_FILENAME;
-  util::FileHandler file(path.c_str(), "rb");
-  std::string text;
-  if (file.read(text) == 0) {
-    throw Failure("cannot read " + path);
+  std::string messages;
+  const bool loaded = converter.LoadFromXML(path, messages);
+  std::cerr << messages;
+  if (!loaded) {
+    throw Failure((messages.empty() ? "cannot read " : "cannot load ") + path);
   }
-  TiXmlDocument document(path);
-  document.Parse(text.c_str());
-  std::string error;
-  vehicle::ReadHashData<Definition>(document.FirstChildElement("unit_conversions"), definitions,
-                                    error);
-  std::cerr << error;
+  ReadDefinitions(path);
   if (definitions.empty()) {
     throw Failure(path + " holds no conversions");
   }
-  converter.SetXMLFilePathAndLoad(folder);
+}
+
+// Only for a file that the library has loaded: it refuses what would bring the parser down.
+void ConversionCatalog::ReadDefinitions(const std::string& path) {
+  std::string text;
+  util::FileHandler(path.c_str(), "rb").read(text);
+  TiXmlDocument document(path);
+  document.Parse(text.c_str());
+  std::string told;
+  vehicle::ReadHashData<Definition>(document.FirstChildElement("unit_conversions"), definitions,
+                                    told);
 }
 
 std::vector<std::string> ConversionCatalog::SourceUnits() const {

@@ -29,6 +29,7 @@ class ConversionCatalog {
  private:
   using Definition = units::UnitConverter::UnitsToFunctionsDefObj;
 
+  void ReadDefinitions(const std::string& path);
   const Definition& Find(const std::string& from) const;
   const vehicle::DataType& FindRecord(const std::string& from, const std::string& to) const;
   void CheckExpression(const std::string& expression, double value) const;
