@@ -70,7 +70,7 @@ class Parser::CompiledExpressions {
   }
 
   std::unordered_map<std::string, std::unique_ptr<Expression>> expressions;
-  std::array<Entry*, 64> recents{};
+  std::array<Entry*, 256> recents{};
 };
 
 Parser::Parser()
