@@ -85,7 +85,19 @@ TEST(UnitsToFunctionsDefObj, ParsesNumbersAsAStreamDoes) {
            Case{"", 0},
            Case{"1e", 0},
            Case{"1e999", std::numeric_limits<double>::max()},
+           Case{"-1e999", -std::numeric_limits<double>::max()},
+           Case{"1e-999", 0},
+           Case{"4.9406564584124654e-324", std::numeric_limits<double>::denorm_min()},
+           Case{"9007199254740993", 9007199254740992},
            Case{"0x10", 0},
+           Case{"+1.5", 1.5},
+           Case{".5", 0.5},
+           Case{"5.", 5},
+           Case{"1.5e+1", 15},
+           Case{"-", 0},
+           Case{"-.e", 0},
+           Case{"inf", 0},
+           Case{"-nan", 0},
        }) {
     const auto read = ReadDefinition("<tounit id='B'><conv type='slope-int' scalar='" +
                                      std::string(text) + "'/></tounit>");

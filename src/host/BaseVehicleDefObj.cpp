@@ -2,16 +2,31 @@
 
 #include <tinyxml.h>
 
+#include <mutex>
+#include <set>
+
 #include "vehicle/FormatError.h"
 #include "vehicle/ReadField.h"
 
 namespace vehicle {
 
+namespace {
+
+// Objects are many and their classes few: each tag name is kept once.
+const std::string* Shared(const std::string& tagName) {
+  static std::mutex mutex;
+  static std::set<std::string> names;
+  const std::lock_guard<std::mutex> lock(mutex);
+  return &*names.insert(tagName).first;
+}
+
+}  // namespace
+
 IBaseVehicleDefObj::~IBaseVehicleDefObj() = default;
 
 const char* IBaseVehicleDefObj::DebugGetClassName() const { return "BaseVehicleDefObj"; }
 
-BaseVehicleDefObj::BaseVehicleDefObj(const std::string& tagName) : tagName(tagName) {}
+BaseVehicleDefObj::BaseVehicleDefObj(const std::string& tagName) : tagName(Shared(tagName)) {}
 
 BaseVehicleDefObj::~BaseVehicleDefObj() = default;
 
@@ -46,7 +61,7 @@ TiXmlElement* BaseVehicleDefObj::ReadObjId(TiXmlElement* element, bool flag) {
     return nullptr;
   }
   TiXmlElement* found =
-      flag ? element->NextSiblingElement(tagName) : element->FirstChildElement(tagName);
+      flag ? element->NextSiblingElement(*tagName) : element->FirstChildElement(*tagName);
   if (found == nullptr) {
     return nullptr;
   }
@@ -59,7 +74,7 @@ TiXmlElement* BaseVehicleDefObj::ReadObjId(TiXmlElement* element, bool flag) {
 bool BaseVehicleDefObj::IsObjIdRequired() const { return true; }
 
 std::string BaseVehicleDefObj::GenerateParseErrorForMissingTag(const std::string& tag) const {
-  const std::string name = currentElement != nullptr ? currentElement->ValueStr() : tagName;
+  const std::string name = currentElement != nullptr ? currentElement->ValueStr() : *tagName;
   return FormatError(GetTagDocumentName(), GetTagXMLRow(), GetTagXMLColumn(),
                      '<' + name + "> lacks the tag \"" + tag + '"');
 }

@@ -2,11 +2,16 @@
 
 #include <muParser.h>
 
+#include <array>
 #include <cctype>
+#include <cstddef>
+#include <cstdint>
+#include <list>
 #include <new>
 #include <sstream>
 #include <stdexcept>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -38,7 +43,7 @@ class Expression {
     if (std::isdigit(static_cast<unsigned char>(*name)) != 0) {
       RefuseNumber(name);
     }
-    return &static_cast<Expression*>(self)->values[name];
+    return &static_cast<Expression*>(self)->values.emplace_back(name, 0).second;
   }
 
   // muParser takes a number for a name when it cannot read it, be it for lack of memory.
@@ -52,14 +57,38 @@ class Expression {
     throw std::runtime_error("no number \"" + std::string(text) + '"');
   }
 
-  std::map<std::string, double> values;
+  std::list<std::pair<std::string, double>> values;
   mu::Parser parser;
 };
 
 }  // namespace
 
-class Parser::CompiledExpressions
-    : public std::unordered_map<std::string, std::unique_ptr<Expression>> {};
+class Parser::CompiledExpressions {
+ public:
+  // The host asks for the same few strings again and again: what a string held last is found by its
+  // place, with one comparison of its text and no hash.
+  Expression& Get(const std::string& text) {
+    const auto place = reinterpret_cast<std::uintptr_t>(&text) / alignof(std::max_align_t);
+    Entry*& recent = recents[place % recents.size()];
+    if (recent == nullptr || recent->first != text) {
+      recent = &Find(text);
+    }
+    return *recent->second;
+  }
+
+ private:
+  using Entry = std::pair<const std::string, std::unique_ptr<Expression>>;
+
+  Entry& Find(const std::string& text) {
+    const auto found = expressions.find(text);
+    return found != expressions.end()
+               ? *found
+               : *expressions.emplace(text, std::make_unique<Expression>(text)).first;
+  }
+
+  std::unordered_map<std::string, std::unique_ptr<Expression>> expressions;
+  std::array<Entry*, 256> recents{};
+};
 
 Parser::Parser()
     : variables{{"pi", 3.141592653589793}, {"e", 2.718281828459045}},
@@ -69,11 +98,7 @@ Parser::~Parser() = default;
 
 double Parser::Evaluate(const std::string& expression) {
   try {
-    auto found = compiled->find(expression);
-    if (found == compiled->end()) {
-      found = compiled->emplace(expression, std::make_unique<Expression>(expression)).first;
-    }
-    return found->second->Evaluate(variables);
+    return compiled->Get(expression).Evaluate(variables);
   } catch (const mu::ParserError& error) {
     throw std::runtime_error(error.GetMsg());
   }

@@ -17,6 +17,8 @@ namespace units {
 
 namespace {
 
+const std::string kValueName = "val";
+
 using Constants = decltype(vehicle::DataType::conversionConstants);
 
 double ApplySlopeInt(const Constants& constants, double value) {
@@ -91,7 +93,7 @@ void UnitConverter::Convert(const std::string& fromUnit, const std::string& toUn
 template <typename Value>
 void UnitConverter::Evaluate(const std::string& expression, Value& value) const {
   const std::lock_guard<std::mutex> lock(parserMutex);
-  parser.variables["val"] = value;
+  parser.variables[kValueName] = value;
   try {
     value = static_cast<Value>(parser.Evaluate(expression));
   } catch (const std::runtime_error&) {

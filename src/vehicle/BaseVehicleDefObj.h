@@ -90,7 +90,7 @@ class VEHICLE_UNITS_EXPORT BaseVehicleDefObj : public IBaseVehicleDefObj {
   std::string objId;                       ///< The identifier.
 
  private:
-  std::string tagName;
+  const std::string* tagName;  // shared by all objects of that name, for the program's life
 };
 
 }  // namespace vehicle

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace bench {
+
+/// Each registers the benchmarks of one file, named WHAT/WHO/DATA/WHICH.
+void RegisterConversions();
+void RegisterThreads();
+void RegisterPeers();
+void RegisterLoads();
+
+}  // namespace bench
