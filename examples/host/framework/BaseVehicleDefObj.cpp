@@ -2,13 +2,25 @@
 
 #include <tinyxml.h>
 
+#include <set>
+
 namespace vehicle {
+
+namespace {
+
+// This host loads on one thread only, so the names need no lock.
+const std::string* Kept(const std::string& tagName) {
+  static std::set<std::string> names;
+  return &*names.insert(tagName).first;
+}
+
+}  // namespace
 
 IBaseVehicleDefObj::~IBaseVehicleDefObj() = default;
 
 const char* IBaseVehicleDefObj::DebugGetClassName() const { return "BaseVehicleDefObj"; }
 
-BaseVehicleDefObj::BaseVehicleDefObj(const std::string& tagName) : tagName(tagName) {}
+BaseVehicleDefObj::BaseVehicleDefObj(const std::string& tagName) : tagName(Kept(tagName)) {}
 
 BaseVehicleDefObj::~BaseVehicleDefObj() = default;
 
@@ -41,7 +53,7 @@ TiXmlElement* BaseVehicleDefObj::ReadObjId(TiXmlElement* element, bool flag) {
     return nullptr;
   }
   TiXmlElement* found =
-      flag ? element->NextSiblingElement(tagName) : element->FirstChildElement(tagName);
+      flag ? element->NextSiblingElement(*tagName) : element->FirstChildElement(*tagName);
   if (found != nullptr) {
     const char* id = found->Attribute("id");
     objId = id != nullptr ? id : "";
@@ -53,7 +65,7 @@ TiXmlElement* BaseVehicleDefObj::ReadObjId(TiXmlElement* element, bool flag) {
 bool BaseVehicleDefObj::IsObjIdRequired() const { return true; }
 
 std::string BaseVehicleDefObj::GenerateParseErrorForMissingTag(const std::string& tag) const {
-  return GetTagDocumentName() + ": line " + std::to_string(GetTagXMLRow()) + ": <" + tagName +
+  return GetTagDocumentName() + ": line " + std::to_string(GetTagXMLRow()) + ": <" + *tagName +
          "> has no \"" + tag + "\"\n";
 }
 
