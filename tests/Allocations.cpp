@@ -4,6 +4,7 @@
 #include <new>
 
 thread_local int allocationsLeft = 0;
+thread_local int allocationsMade = 0;
 thread_local int livingAllocations = 0;
 
 void* operator new(std::size_t size) {
@@ -14,6 +15,7 @@ void* operator new(std::size_t size) {
   if (memory == nullptr) {
     throw std::bad_alloc();
   }
+  ++allocationsMade;
   ++livingAllocations;
   return memory;
 }

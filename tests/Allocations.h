@@ -9,6 +9,7 @@
 // A program that links this counts its allocations by `new`, in each thread.
 
 extern thread_local int allocationsLeft;  ///< The allocation that takes this to 0 fails.
+extern thread_local int allocationsMade;
 extern thread_local int livingAllocations;
 
 /// True if `operate` came through with the `failing`-th allocation failing, or was not hit by it.

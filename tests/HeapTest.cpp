@@ -1,28 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <string>
 
+#include "Allocations.h"
 #include "units/DataUnitToDisplayUnitConverter.h"
 #include "units/UnitConverter.h"
-
-namespace {
-
-thread_local int allocations = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* block = std::malloc(size)) {
-    return block;
-  }
-  throw std::bad_alloc();
-}
-
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t /*size*/) noexcept { std::free(block); }
 
 namespace {
 
@@ -30,9 +12,9 @@ namespace {
 template <typename Call>
 int AllocationsOfLaterUse(Call call) {
   call();
-  const int before = allocations;
+  const int before = allocationsMade;
   call();
-  return allocations - before;
+  return allocationsMade - before;
 }
 
 TEST(Heap, NoConversionAndNoMissAllocatesAfterAPairsFirstUse) {

@@ -97,9 +97,10 @@ class VEHICLE_UNITS_EXPORT UnitConverter {
 
  private:
   template <typename Value>
-  void Convert(const std::string& fromUnit, const std::string& toUnit, Value& value) const;
+  VEHICLE_UNITS_LOCAL void Convert(const std::string& fromUnit, const std::string& toUnit,
+                                   Value& value) const;
   template <typename Value>
-  void Evaluate(const std::string& expression, Value& value) const;
+  VEHICLE_UNITS_LOCAL void Evaluate(const std::string& expression, Value& value) const;
 
   // `parserMutex` is held from before "val" is written until its expression has been evaluated, so
   // that every expression reads its own caller's value. Definitions are only added to, by loads.

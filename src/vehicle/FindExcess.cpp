@@ -96,11 +96,13 @@ class Scanner {
 
   // To `end`, over characters and entities, which may hold it.
   void SkipTo(char end) {
+    const bool utf8 = encoding == TIXML_ENCODING_UTF8;
     while (position < text.size() && text[position] != end) {
-      if (Peek() == '&' && Peek(1) == '#' && Peek(2) != '\0') {
+      const char c = text[position];
+      if (c == '&' && Peek(1) == '#' && Peek(2) != '\0') {
         SkipPast(";", 2);
       } else {
-        Skip(encoding == TIXML_ENCODING_UTF8 ? Utf8Length(Peek()) : 1);
+        Skip(utf8 ? Utf8Length(c) : 1);
       }
     }
   }
