@@ -7,13 +7,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <list>
-#include <new>
-#include <sstream>
 #include <stdexcept>
 #include <unordered_map>
 #include <utility>
 
 namespace {
+
+class UnreadNumber : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
 
 class Expression {
  public:
@@ -21,8 +24,8 @@ class Expression {
     parser.EnableOptimizer(false);
     parser.ClearConst();
     parser.SetVarFactory(&Expression::AddName, this);
-    parser.SetExpr(text);
-    parser.Eval();  // the first evaluation compiles
+    parser.SetExpr(text.c_str());  // muParser cannot read a number that a NUL follows
+    parser.Eval();                 // the first evaluation compiles
   }
   Expression(const Expression&) = delete;
   Expression& operator=(const Expression&) = delete;
@@ -41,20 +44,9 @@ class Expression {
  private:
   static double* AddName(const char* name, void* self) {
     if (std::isdigit(static_cast<unsigned char>(*name)) != 0) {
-      RefuseNumber(name);
+      throw UnreadNumber("cannot read the number that begins with " + std::string(name));
     }
     return &static_cast<Expression*>(self)->values.emplace_back(name, 0).second;
-  }
-
-  // muParser takes a number for a name when it cannot read it, be it for lack of memory.
-  [[noreturn]] static void RefuseNumber(const char* text) {
-    std::istringstream stream(text);
-    stream.exceptions(std::ios::badbit);
-    double number = 0;
-    if (stream >> number) {
-      throw std::bad_alloc();
-    }
-    throw std::runtime_error("no number \"" + std::string(text) + '"');
   }
 
   std::list<std::pair<std::string, double>> values;
@@ -81,9 +73,17 @@ class Parser::CompiledExpressions {
 
   Entry& Find(const std::string& text) {
     const auto found = expressions.find(text);
-    return found != expressions.end()
-               ? *found
-               : *expressions.emplace(text, std::make_unique<Expression>(text)).first;
+    return found != expressions.end() ? *found : *expressions.emplace(text, Compile(text)).first;
+  }
+
+  // muParser takes a number that it cannot read for a name, also when all that lacked was memory: a
+  // second try tells.
+  static std::unique_ptr<Expression> Compile(const std::string& text) {
+    try {
+      return std::make_unique<Expression>(text);
+    } catch (const UnreadNumber&) {
+      return std::make_unique<Expression>(text);
+    }
   }
 
   std::unordered_map<std::string, std::unique_ptr<Expression>> expressions;

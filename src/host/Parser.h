@@ -30,7 +30,8 @@ class VEHICLE_UNITS_EXPORT Parser {
 
   /// The value of `expression` with the values that the names it uses have in `variables` now. A
   /// text is compiled the first time that it is evaluated and kept until the parser is destroyed.
-  /// An assignment inside an expression changes nothing outside that evaluation.
+  /// An assignment inside an expression changes nothing outside that evaluation. The text ends at
+  /// its first NUL.
   ///
   /// Throws `std::runtime_error` with a message for a text that is no expression, the empty one and
   /// one longer than 20,000 bytes included, and for a name that is not in `variables`;
