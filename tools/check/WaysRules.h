@@ -48,8 +48,8 @@ class WaysRules {
   bool IsTwoWay(const Conversion& conversion) const;
   std::string NamesOf(const Way& way) const;
 
-  // A conversion is sound when it can be applied, leads to another unit, and is not at odds with its
-  // way back: it is then blamed for that alone.
+  // A conversion is sound when it can be applied, leads to another unit, and is not at odds with
+  // its way back: it is then blamed for that alone.
   const DataFile& file;
   const Conversions& conversions;
   Findings& findings;
