@@ -38,14 +38,34 @@ TEST_F(Program, SpeaksTheTerminalsCharacterSet) {
   }
 }
 
+TEST_F(Program, PutsAQuestionMarkForWhatIsNoCharacter) {
+  EXPECT_EQ(Run("convert TEMP\xFF\xFE psi 1").error,
+            "vehicle-units: unknown unit \"TEMP??\"; nearest: MPa, Nm, TEMP_CEL\n");
+}
+
+TEST_F(Program, FailsForATerminalOfAnUnknownCharacterSet) {
+  const std::string charmap = folder.Path("charmap");
+  const std::string locale = folder.Path("strange");
+  ASSERT_EQ(
+      std::system(("zcat /usr/share/i18n/charmaps/ISO-8859-1.gz | sed s/ISO-8859-1/STRANGE/ >" +
+                   charmap + " && localedef -i en_US -f " + charmap + ' ' + locale)
+                      .c_str()),
+      0);
+  const Outcome outcome = Run("units", "", "LOCPATH=" + folder.Path() + " LC_ALL=strange");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.error, "vehicle-units: cannot convert text from ISO-8859-1 to STRANGE\n");
+}
+
 TEST_F(Program, SaysWhyItCannotConvert) {
   ExpectFailure("convert psig bar 1", "unknown unit \"psig\"; nearest: psi (g), psi, L/s");
   ExpectFailure("convert foo foo 1", "unknown unit \"foo\"; nearest: °F, AFR, L");
   ExpectFailure("convert TEMP_CEL psi 1",
                 "\"TEMP_CEL\" does not convert into \"psi\"; it converts into: °C, °F");
-  ExpectFailure("convert TEMP_CEL °F 1 x", "not a number: \"x\"");
+  ExpectFailure("convert '{psi}' psi 1", "unknown unit \"{psi}\"; nearest: psi, psi (g), L/s");
+  for (const std::string text : {"x", "", " ", "+", "+-1", "inf", "nan", "1x", "1e999"}) {
+    ExpectFailure("convert TEMP_CEL °F 1 '" + text + "'", "not a number: \"" + text + '"');
+  }
   ExpectFailure("convert TEMP_CEL °F", "not a number: \"1,5\"", "1.5\n1,5\n2.5\n");
-  ExpectFailure("convert TEMP_CEL °F 1e999", "not a number: \"1e999\"");
   ExpectFailure("convert --data /missing psi bar 1", "no such data folder: /missing");
   ExpectFailure("units --data " + folder.Path(),
                 "cannot read " + folder.Path("UNIT_CONVERSIONS.xml"));
@@ -54,8 +74,11 @@ TEST_F(Program, SaysWhyItCannotConvert) {
 TEST_F(Program, SaysWhatIsWrongWithTheData) {
   ExpectFailure("convert A B 1" + DataOption("<tounit id='B'><conv to_float='2 * vol'/></tounit>"),
                 "the expression \"2 * vol\" fails: no variable \"vol\"");
-  ExpectFailure("convert A B 1" + DataOption("<tounit id='B'><conv type='slope-int'/></tounit>"),
-                "the conversion of \"A\" into \"B\" lacks its scalar or its offset");
+  for (const std::string constant : {"", "scalar='1'", "offset='1'"}) {
+    ExpectFailure("convert A B 1" + DataOption("<tounit id='B'><conv type='slope-int' " + constant +
+                                               "/></tounit>"),
+                  "the conversion of \"A\" into \"B\" lacks its scalar or its offset");
+  }
   ExpectFailure("convert A B 1" + DataOption("<tounit id='B'><conv type='custom'/></tounit>"),
                 "the conversion of \"A\" into \"B\" has neither a scale nor an expression");
   ExpectFailure("convert A B 1" + DataOption(""),
@@ -117,6 +140,10 @@ TEST_F(Program, NamesTheAssociationFileThatFails) {
       folder.Path("CAR_UNIT_ASSOCIATIONS_STD.xml") + ":1:20: <unitassoc> lacks the tag \"id\"\n";
   EXPECT_EQ(Run(show).error,
             nameless + "vehicle-units: cannot read " + folder.Path("missing.xml") + '\n');
+  write("bad.xml", "<include>missing.xml</include><include>missing.xml</include>");
+  EXPECT_EQ(Run(show).error,
+            nameless + "vehicle-units: cannot read " + folder.Path("missing.xml") + '\n');
+  folder.Write("good.xml", "<other/>");
   write("bad.xml", "<include/>");
   EXPECT_EQ(Run(show).error, nameless + folder.Path("bad.xml") +
                                  ":1:20: <include> names no file\n" +
@@ -150,7 +177,7 @@ TEST_F(Program, ShowsTheMonitorsOfAFile) {
 }
 
 TEST_F(Program, FailsWithoutAUsableMonitor) {
-  const std::string file = folder.Write("monitors.tsv", "Coolant\tTEMP_CEL\n");
+  const std::string file = folder.Write("monitors.tsv", "Coolant\t \n");
   const Outcome outcome = Run("monitors " + file);
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.error, file + ":1: skipped: it has no lower limit\n" + file +
@@ -158,6 +185,13 @@ TEST_F(Program, FailsWithoutAUsableMonitor) {
                                " has no usable line\n");
   ExpectFailure("monitors /missing", "cannot read /missing");
   ExpectFailure("monitors " + folder.Path(), "cannot read " + folder.Path());
+}
+
+TEST_F(Program, MarksLimitsThatAreInvertedAndSaysNothingOfASoundFile) {
+  ExpectOutput("monitors --system metric " +
+                   folder.Write("monitors.tsv", "Boost\tPRESSURE_KPA\t150\t-15\t0\t1\r\n"),
+               "metric  value  lower  upper  unit\n"
+               "Boost       1    -15    150  kPa   limits inverted\n");
 }
 
 TEST_F(Program, TellsBadUsageByStatus2) {

@@ -53,8 +53,11 @@ Charset::Charset(const std::string& name) : name(name) { OpenConversion(kLatin1,
 
 Charset Charset::OfTerminal() {
   std::setlocale(LC_CTYPE, "");
-  const std::string codeset = nl_langinfo(CODESET);
-  return Charset(codeset == "ANSI_X3.4-1968" ? "UTF-8" : codeset);
+  std::string codeset = nl_langinfo(CODESET);
+  if (codeset == "ANSI_X3.4-1968") {
+    codeset = "UTF-8";
+  }
+  return Charset(codeset);
 }
 
 std::string Charset::FromLatin1(const std::string& text) const {

@@ -63,26 +63,30 @@ template <typename Value>
 Value ConversionCatalog::Convert(const std::string& from, const std::string& to,
                                  Value value) const {
   if (from != to || !definitions.dataExists(from)) {
-    const vehicle::DataType& record = FindRecord(from, to);
-    if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
-      if (record.toFloatExpression.empty()) {
-        throw Failure("the conversion of " + Quoted(from) + " into " + Quoted(to) +
-                      " has neither a scale nor an expression");
-      }
-      CheckExpression(record.toFloatExpression, value);
-    }
+    Check(from, to, value);
   }
-  try {
-    converter.ConvertUnit(from, to, value);
-  } catch (const std::out_of_range&) {
-    throw Failure("the conversion of " + Quoted(from) + " into " + Quoted(to) +
-                  " lacks its scalar or its offset");
-  }
+  converter.ConvertUnit(from, to, value);
   return value;
 }
 
 template double ConversionCatalog::Convert(const std::string&, const std::string&, double) const;
 template float ConversionCatalog::Convert(const std::string&, const std::string&, float) const;
+
+void ConversionCatalog::Check(const std::string& from, const std::string& to, double value) const {
+  const vehicle::DataType& record = FindRecord(from, to);
+  const std::string subject = "the conversion of " + Quoted(from) + " into " + Quoted(to);
+  if (record.conversionType == VehicleV2::CONVERSION_SLOPE_INT) {
+    const auto& constants = record.conversionConstants;
+    if (constants.count(VehicleV2::CONSTANT_SCALAR) == 0 ||
+        constants.count(VehicleV2::CONSTANT_OFFSET) == 0) {
+      throw Failure(subject + " lacks its scalar or its offset");
+    }
+  } else if (record.toFloatExpression.empty()) {
+    throw Failure(subject + " has neither a scale nor an expression");
+  } else {
+    CheckExpression(record.toFloatExpression, value);
+  }
+}
 
 const ConversionCatalog::Definition& ConversionCatalog::Find(const std::string& from) const {
   const auto found = definitions.find(from);
@@ -99,9 +103,11 @@ const vehicle::DataType& ConversionCatalog::FindRecord(const std::string& from,
   if (found != definition.toUnitFunctions.end()) {
     return *found->second;
   }
-  const std::vector<std::string> targets = TargetUnits(from);
-  throw Failure(Quoted(from) + " does not convert into " + Quoted(to) +
-                (targets.empty() ? " or anything else" : "; it converts into: " + Join(targets)));
+  std::string reason = Quoted(from) + " does not convert into " + Quoted(to);
+  if (definition.toUnitFunctions.empty()) {
+    throw Failure(reason + " or anything else");
+  }
+  throw Failure(reason + "; it converts into: " + Join(TargetUnits(from)));
 }
 
 void ConversionCatalog::CheckExpression(const std::string& expression, double value) const {

@@ -32,6 +32,7 @@ class ConversionCatalog {
   void ReadDefinitions(const std::string& path);
   const Definition& Find(const std::string& from) const;
   const vehicle::DataType& FindRecord(const std::string& from, const std::string& to) const;
+  void Check(const std::string& from, const std::string& to, double value) const;
   void CheckExpression(const std::string& expression, double value) const;
 
   util::DataHash<std::string, std::shared_ptr<Definition>> definitions;

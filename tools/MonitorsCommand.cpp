@@ -51,8 +51,11 @@ std::string WhySkipped(const std::vector<std::string>& fields) {
   while (i < fields.size() && (fields[i] != " " || i == kMayBeBlank)) {
     ++i;
   }
-  return i < fields.size() ? std::string("its ") + kNames.at(i) + " is blank"
-                           : std::string("it has no ") + kNames.at(i);
+  const std::string name = kNames.at(i);
+  if (i < fields.size()) {
+    return "its " + name + " is blank";
+  }
+  return "it has no " + name;
 }
 
 // Reads the monitors of a file; what is wrong with a line goes to standard error.
@@ -123,11 +126,11 @@ std::string MarkOf(const Line& line) {
   const units::ConvMonitor& monitor = *line.monitor;
   const bool outside = line.hasValue && (monitor.GetValue() < monitor.GetMin() ||
                                          monitor.GetValue() > monitor.GetMax());
-  std::string inverted = monitor.IsMinMaxInverted() ? "limits inverted" : "";
-  if (!outside) {
-    return inverted;
+  std::string mark = outside ? "OUTSIDE" : "";
+  if (monitor.IsMinMaxInverted()) {
+    mark += outside ? ", limits inverted" : "limits inverted";
   }
-  return inverted.empty() ? "OUTSIDE" : "OUTSIDE, " + inverted;
+  return mark;
 }
 
 void AddRow(Table& table, const Line& line,

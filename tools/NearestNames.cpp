@@ -4,8 +4,6 @@
 #include <numeric>
 #include <utility>
 
-#include "Join.h"
-
 namespace {
 
 std::string LettersAndDigits(const std::string& name) {
@@ -48,9 +46,9 @@ std::string NearestNames(const std::string& name, const std::vector<std::string>
   }
   std::sort(ranked.begin(), ranked.end());
   ranked.resize(std::min(ranked.size(), kMost));
-  std::vector<std::string> nearest;
+  std::string nearest;
   for (const auto& [distance, candidate] : ranked) {
-    nearest.push_back(candidate);
+    nearest.append(nearest.empty() ? "; nearest: " : ", ").append(candidate);
   }
-  return nearest.empty() ? "" : "; nearest: " + Join(nearest);
+  return nearest;
 }

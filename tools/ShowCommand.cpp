@@ -28,7 +28,8 @@ class Readings {
   explicit Readings(const Options& options) : systems(options), table(Columns()) {
     std::vector<std::string> heading{"data unit", "value"};
     for (const UnitSystems::System& system : systems.Chosen()) {
-      heading.insert(heading.end(), {"", system.name});
+      heading.emplace_back();
+      heading.push_back(system.name);
     }
     table.AddRow(heading);
   }
@@ -59,12 +60,14 @@ class Readings {
   }
 
   void AddRow(const std::string& unit, double value) {
-    std::vector<std::string> row{unit, FormatNumber(value)};
+    std::vector<std::string> row(1, unit);
+    row.push_back(FormatNumber(value));
     for (const UnitSystems::System& system : systems.Chosen()) {
       const auto& converter = systems.In(system);
       double shown = value;
       converter.ConvertUnit(unit, shown);
-      row.insert(row.end(), {ForReading(shown), converter.GetActiveLabelForUnit(unit)});
+      row.push_back(ForReading(shown));
+      row.push_back(converter.GetActiveLabelForUnit(unit));
     }
     table.AddRow(row);
   }

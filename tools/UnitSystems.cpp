@@ -44,7 +44,8 @@ class FileTree {
   // the empty text; adds the associations of all files before it to `store`.
   std::string FindUnreadable(const std::string& path, AssociationStore& store) {
     // A file that the library has spoken of is not the one that it kept silent about.
-    if (messages.find('\n' + path + ':') != std::string::npos || !visited.insert(path).second) {
+    const bool told = messages.find('\n' + path + ':') != std::string::npos;
+    if (told || !visited.insert(path).second) {
       return "";
     }
     std::string text;
@@ -80,7 +81,8 @@ class FileTree {
 void UnitSystemOptions::AddOptions(CLI::App& command) {
   data.AddOption(command);
   command.add_option("--name", name, "Base name of the association files")->type_name("VEHICLE");
-  std::set<std::string> names{"all"};
+  std::set<std::string> names;
+  names.insert("all");
   for (const Loader& loader : Loaders()) {
     names.insert(loader.system.name);
   }
@@ -106,10 +108,15 @@ void UnitSystems::Load(const std::string& folder, const std::string& name) {
     std::string messages;
     const bool loaded = (converter.*loader.load)(base, messages);
     std::cerr << messages;
-    const std::string unreadable =
-        FileTree(folder, loaded ? "" : messages).FindUnreadable(path, associations);
+    if (loaded) {
+      messages.clear();
+    }
+    const std::string unreadable = FileTree(folder, messages).FindUnreadable(path, associations);
+    if (!unreadable.empty()) {
+      throw Failure("cannot read " + unreadable);
+    }
     if (!loaded) {
-      throw Failure(unreadable.empty() ? "cannot load " + path : "cannot read " + unreadable);
+      throw Failure("cannot load " + path);
     }
   }
 }

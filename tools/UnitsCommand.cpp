@@ -1,5 +1,8 @@
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "Commands.h"
 #include "ConversionCatalog.h"
@@ -13,7 +16,9 @@ void Run(const DataFolder& data, const Charset& terminal) {
   const ConversionCatalog catalog(data.Path());
   Table table({Table::kLeft, Table::kLeft});
   for (const std::string& unit : catalog.SourceUnits()) {
-    table.AddRow({unit, Join(catalog.TargetUnits(unit))});
+    std::vector<std::string> row(1, unit);
+    row.push_back(Join(catalog.TargetUnits(unit)));
+    table.AddRow(std::move(row));
   }
   table.Print(terminal);
 }

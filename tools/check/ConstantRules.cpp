@@ -1,5 +1,6 @@
 #include "check/ConstantRules.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -12,12 +13,10 @@ namespace check {
 namespace {
 
 const std::string& NameOf(VehicleV2::ConversionConstants_e constant) {
-  for (const auto& [candidate, name] : VehicleV2::conversionConstantNames()) {
-    if (candidate == constant) {
-      return name;
-    }
-  }
-  std::abort();  // the table names every constant
+  const auto& names = VehicleV2::conversionConstantNames();
+  return std::find_if(names.begin(), names.end(),
+                      [&](const auto& entry) { return entry.first == constant; })
+      ->second;
 }
 
 bool IsNumberBeyondRange(const char* text) {

@@ -13,12 +13,14 @@ namespace {
 using Definition = units::UnitConverter::UnitsToFunctionsDefObj;
 
 const Names kNone;
-const Names kId{"id"};
-const Names kConv{"conv"};
-const Names kExpressionFields{"to_float"};
+const Names kId(1, "id");
+const Names kConv(1, "conv");
+const Names kFromUnit(1, "fromunit");
+const Names kFromUnitChildren{"id", "tounit"};
+const Names kExpressionFields(1, "to_float");
 
 Names MakeConstantFields() {
-  Names fields{"type"};
+  Names fields(1, "type");
   for (const auto& [constant, name] : VehicleV2::conversionConstantNames()) {
     if (constant != VehicleV2::CONSTANT_INVALID) {
       fields.push_back(name);
@@ -27,18 +29,39 @@ Names MakeConstantFields() {
   return fields;
 }
 
-const Names& ConstantFields() {
-  static const Names fields = MakeConstantFields();
+const Names kConstantFields = MakeConstantFields();
+
+Names MakeAllFields() {
+  Names fields = kConstantFields;
+  fields.insert(fields.end(), kExpressionFields.begin(), kExpressionFields.end());
   return fields;
 }
 
-const Names& AllFields() {
-  static const Names fields = [] {
-    Names all = ConstantFields();
-    all.insert(all.end(), kExpressionFields.begin(), kExpressionFields.end());
-    return all;
-  }();
-  return fields;
+const Names kAllFields = MakeAllFields();
+
+std::string DescribeUnknownType(const char* type) {
+  Names known;
+  for (const auto& [value, name] : VehicleV2::conversionTypeNames()) {
+    known.push_back(name);
+  }
+  std::string text = "the type " + Quoted(type) + " is unknown";
+  const std::string meant = MisspellingOf(type, known);
+  if (!meant.empty()) {
+    text += " (is " + Quoted(meant) + " meant?)";
+  }
+  return text;
+}
+
+// The units of the elements behind `toUnit`.
+std::vector<std::string> UnitsBehind(const TiXmlElement& toUnit) {
+  std::vector<std::string> units;
+  for (const TiXmlElement* next = toUnit.NextSiblingElement(); next != nullptr;
+       next = next->NextSiblingElement()) {
+    if (const char* id = next->Attribute("id")) {
+      units.push_back(Quoted(id));
+    }
+  }
+  return units;
 }
 
 std::string LabelOf(const TiXmlElement& toUnit, const std::string& from) {
@@ -76,7 +99,7 @@ void ConversionRules::Check(Conversions& conversions, Progress& progress) {
       CheckFromUnit(*child, conversions);
       progress.Step();
     } else {
-      names.CheckChild(root, *child, kNone, {"fromunit"});
+      names.CheckChild(root, *child, kNone, kFromUnit);
     }
   }
 }
@@ -98,7 +121,8 @@ void ConversionRules::CheckFromUnit(TiXmlElement& element, Conversions& conversi
       CheckToUnit(*child, alone, conversions);
     }
     if (!complete && ReadAlone(*child).ends) {
-      ReportEnd(*child, {id, child->Attribute("id")});
+      const Subject subject{id, child->Attribute("id")};
+      ReportEnd(*child, subject);
       return;
     }
   }
@@ -117,7 +141,7 @@ void ConversionRules::CheckChildNames(const TiXmlElement& fromUnit) const {
     } else if (name == "id") {
       names.CheckTextOnly(*child);
     } else if (firstToUnit == nullptr) {
-      names.CheckChild(fromUnit, *child, kNone, {"id", "tounit"});
+      names.CheckChild(fromUnit, *child, kNone, kFromUnitChildren);
     } else {
       findings.Add(file.At(*child), Rule::kReadAsTounit,
                    "<" + name + "> after the first <tounit> is read as a <tounit>");
@@ -132,10 +156,9 @@ void ConversionRules::CheckToUnit(const TiXmlElement& element, const Definition&
   const char* id = element.Attribute("id");
   const TiXmlElement* conv = element.FirstChildElement("conv");
   if (id == nullptr || *id == '\0') {
-    findings.Add(
-        file.At(element), Rule::kTounitWithoutId,
-        LabelOf(element, from) + (id == nullptr ? " lacks the attribute \"id\": it is passed over"
-                                                : " has an empty \"id\""));
+    const char* what =
+        id == nullptr ? " lacks the attribute \"id\": it is passed over" : " has an empty \"id\"";
+    findings.Add(file.At(element), Rule::kTounitWithoutId, LabelOf(element, from) + what);
   } else if (conv == nullptr) {
     findings.Add(
         file.At(element), Rule::kTounitWithoutConv,
@@ -165,7 +188,7 @@ void ConversionRules::CheckToUnitNames(const TiXmlElement& element, const std::s
 bool ConversionRules::CheckConv(const TiXmlElement& toUnit, const TiXmlElement& conv,
                                 const Subject& subject, const vehicle::DataType& record) {
   const bool hasType = vehicle::ReadField(conv, "type") != nullptr;
-  names.CheckFields(conv, hasType ? ConstantFields() : kExpressionFields, AllFields());
+  names.CheckFields(conv, hasType ? kConstantFields : kExpressionFields, kAllFields);
   if (hasType) {
     if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
       return false;
@@ -175,8 +198,10 @@ bool ConversionRules::CheckConv(const TiXmlElement& toUnit, const TiXmlElement& 
     return scalar && offset;
   }
   const char* expression = vehicle::ReadField(conv, "to_float");
-  return expression != nullptr &&
-         expressions.Check(expression, file.At(FieldOf(conv, "to_float")), subject);
+  if (expression == nullptr) {
+    return false;
+  }
+  return expressions.Check(expression, file.At(FieldOf(conv, "to_float")), subject);
 }
 
 void ConversionRules::ReportEnd(const TiXmlElement& toUnit, const Subject& subject) const {
@@ -184,31 +209,22 @@ void ConversionRules::ReportEnd(const TiXmlElement& toUnit, const Subject& subje
   const char* type = vehicle::ReadField(conv, "type");
   Rule rule = Rule::kConvWithoutFormula;
   std::string text = "<conv> has neither \"type\" nor \"to_float\"";
-  if (type != nullptr &&
-      ReadAlone(toUnit).record->conversionType != VehicleV2::CONVERSION_INVALID) {
-    rule = Rule::kUnusableType;
-    text = "the type " + Quoted(type) + " converts nothing";
-  } else if (type != nullptr) {
-    Names known;
-    for (const auto& [value, name] : VehicleV2::conversionTypeNames()) {
-      known.push_back(name);
-    }
-    const std::string meant = MisspellingOf(type, known);
-    rule = Rule::kUnknownType;
-    text = "the type " + Quoted(type) + " is unknown" +
-           (meant.empty() ? "" : " (is " + Quoted(meant) + " meant?)");
-  }
-  std::vector<std::string> lost;
-  for (const TiXmlElement* next = toUnit.NextSiblingElement(); next != nullptr;
-       next = next->NextSiblingElement()) {
-    if (const char* id = next->Attribute("id")) {
-      lost.push_back(Quoted(id));
+  if (type != nullptr) {
+    const Reading reading = ReadAlone(toUnit);
+    if (reading.record->conversionType == VehicleV2::CONVERSION_INVALID) {
+      rule = Rule::kUnknownType;
+      text = DescribeUnknownType(type);
+    } else {
+      rule = Rule::kUnusableType;
+      text = "the type " + Quoted(type) + " converts nothing";
     }
   }
-  findings.Add(file.At(conv), rule,
-               text + "; the reading of " + Quoted(subject.from) + " ends here" +
-                   (lost.empty() ? "" : ", so these are lost: " + Join(lost)),
-               subject);
+  text += "; the reading of " + Quoted(subject.from) + " ends here";
+  const std::vector<std::string> lost = UnitsBehind(toUnit);
+  if (!lost.empty()) {
+    text += ", so these are lost: " + Join(lost);
+  }
+  findings.Add(file.At(conv), rule, text, subject);
 }
 
 void ConversionRules::Add(const TiXmlElement& toUnit, const Subject& subject, bool usable,

@@ -14,9 +14,9 @@ namespace {
 
 constexpr char kVal[] = "val";
 
-bool StartsName(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; }
-
-bool ContinuesName(char c) { return StartsName(c) || (c >= '0' && c <= '9'); }
+// Those of names and of numbers, which begin with one of the digits.
+constexpr char kNameCharacters[] =
+    "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz";
 
 bool IsCalled(const std::string& expression, std::size_t end) {
   const std::size_t next = expression.find_first_not_of(" \t\r\n", end);
@@ -26,15 +26,13 @@ bool IsCalled(const std::string& expression, std::size_t end) {
 // The words of `expression` that may be names of variables.
 std::vector<std::string> WordsOf(const std::string& expression) {
   std::vector<std::string> words;
-  for (std::size_t i = 0; i < expression.size(); ++i) {
-    const bool isName = StartsName(expression[i]);
-    const std::size_t start = i;
-    while (ContinuesName(expression[i]) && ContinuesName(expression[i + 1])) {
-      ++i;
+  std::size_t start = expression.find_first_of(kNameCharacters);
+  while (start != std::string::npos) {
+    const std::size_t end = expression.find_first_not_of(kNameCharacters, start);
+    if (expression[start] > '9' && !IsCalled(expression, end)) {
+      words.push_back(expression.substr(start, end - start));
     }
-    if (isName && !IsCalled(expression, i + 1)) {
-      words.push_back(expression.substr(start, i + 1 - start));
-    }
+    start = expression.find_first_of(kNameCharacters, end);
   }
   return words;
 }
@@ -121,10 +119,13 @@ void ExpressionRules::CheckThatItIsFinite(const std::string& expression, const P
     val = value;
     const double result = parser->Evaluate(expression);
     if (!std::isfinite(result)) {
+      std::string given = FormatNumber(result);
+      if (std::isnan(result)) {
+        given = "no number";
+      }
       findings.Add(place, Rule::kExpressionNotFinite,
-                   "the expression " + Quoted(expression) + " is not finite: it gives " +
-                       (std::isnan(result) ? "no number" : FormatNumber(result)) + " for " +
-                       FormatNumber(value),
+                   "the expression " + Quoted(expression) + " is not finite: it gives " + given +
+                       " for " + FormatNumber(value),
                    subject);
       return;
     }

@@ -24,7 +24,7 @@ std::string Describe(const vehicle::DataType& record, std::string (*format)(doub
     if (constant == VehicleV2::CONSTANT_SCALAR && number != 1) {
       formula.insert(0, format(number) + " * ");
     } else if (constant == VehicleV2::CONSTANT_OFFSET && number != 0) {
-      formula += (number < 0 ? " - " : " + ") + format(std::abs(number));
+      formula.append(number < 0 ? " - " : " + ").append(format(std::abs(number)));
     }
   }
   return formula;
@@ -41,6 +41,8 @@ std::vector<double> MakeSampleValues() {
   return values;
 }
 
+const std::vector<double> kSampleValues = MakeSampleValues();
+
 }  // namespace
 
 std::string FormulaOf(const vehicle::DataType& record) { return Describe(record, FormatNumber); }
@@ -49,10 +51,7 @@ std::string ShortFormulaOf(const vehicle::DataType& record) {
   return Describe(record, FormatShort);
 }
 
-const std::vector<double>& SampleValues() {
-  static const std::vector<double> values = MakeSampleValues();
-  return values;
-}
+const std::vector<double>& SampleValues() { return kSampleValues; }
 
 double Evaluator::Apply(const vehicle::DataType& record, double value) {
   if (record.conversionType == VehicleV2::CONVERSION_SLOPE_INT) {

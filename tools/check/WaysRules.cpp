@@ -35,14 +35,18 @@ Way Both(const Way& one, const Way& other) {
 }  // namespace
 
 WaysRules::WaysRules(const DataFile& file, const Conversions& conversions, Findings& findings)
-    : file(file), conversions(conversions), findings(findings), bad(conversions.All().size()) {}
+    : file(file), conversions(conversions), findings(findings) {
+  for (const Conversion& conversion : conversions.All()) {
+    sound.push_back(conversion.usable && conversion.from != conversion.to);
+  }
+}
 
 void WaysRules::Check(Progress& progress) {
   const auto& all = conversions.All();
   progress.Begin("comparing ways there and back", 2 * all.size());
   for (const Conversion& conversion : all) {
     const Conversion* back = conversions.Find(conversion.to, conversion.from);
-    if (back != nullptr && back > &conversion) {
+    if (IsSound(&conversion) && IsSound(back) && back > &conversion) {
       CheckWayBack(conversion, *back);
     }
     progress.Step();
@@ -52,7 +56,7 @@ void WaysRules::Check(Progress& progress) {
     if (IsTwoWay(conversion)) {
       CheckAgainstTree(tree, conversion);
     }
-    if (IsSound(conversion)) {
+    if (IsSound(&conversion)) {
       CheckTriangles(conversion);
     }
     progress.Step();
@@ -61,9 +65,6 @@ void WaysRules::Check(Progress& progress) {
 }
 
 void WaysRules::CheckWayBack(const Conversion& there, const Conversion& back) {
-  if (!there.usable || !back.usable) {
-    return;
-  }
   const Conversion* start = &there;
   Difference difference = comparison.Compare({&there, &back}, {});
   if (difference.error == 0 && !(IsLinear(there) && IsLinear(back))) {
@@ -73,8 +74,8 @@ void WaysRules::CheckWayBack(const Conversion& there, const Conversion& back) {
   if (difference.error == 0) {
     return;
   }
-  bad[static_cast<std::size_t>(&there - conversions.All().data())] = true;
-  bad[static_cast<std::size_t>(&back - conversions.All().data())] = true;
+  sound[PositionOf(there)] = false;
+  sound[PositionOf(back)] = false;
   const std::string from = conversions.NameOf(there.from);
   const std::string to = conversions.NameOf(there.to);
   findings.Add(file.At(*back.element), Rule::kNotInverse,
@@ -142,12 +143,8 @@ void WaysRules::CheckTriangles(const Conversion& first) {
   for (const int c : fromA.size() < fromB.size() ? fromA : fromB) {
     const Conversion* second = conversions.Find(first.to, c);
     const Conversion* direct = conversions.Find(first.from, c);
-    if (second == nullptr || direct == nullptr || second->to == first.from ||
-        second->to == first.to || first.from == first.to || !IsSound(*second) ||
-        !IsSound(*direct)) {
-      continue;
-    }
-    if (!IsTwoWay(first) || !IsTwoWay(*second) || !IsTwoWay(*direct)) {
+    if (IsSound(second) && IsSound(direct) &&
+        !(IsTwoWay(first) && IsTwoWay(*second) && IsTwoWay(*direct))) {
       AddLoop({&first, second}, {direct}, *direct);
     }
   }
@@ -202,14 +199,16 @@ void WaysRules::Report(const Loop& loop, const Conversion& blamed) {
                {from, to});
 }
 
-bool WaysRules::IsSound(const Conversion& conversion) const {
-  return conversion.usable &&
-         !bad[static_cast<std::size_t>(&conversion - conversions.All().data())];
+std::size_t WaysRules::PositionOf(const Conversion& conversion) const {
+  return static_cast<std::size_t>(&conversion - conversions.All().data());
+}
+
+bool WaysRules::IsSound(const Conversion* conversion) const {
+  return conversion != nullptr && sound[PositionOf(*conversion)];
 }
 
 bool WaysRules::IsTwoWay(const Conversion& conversion) const {
-  const Conversion* back = conversions.Find(conversion.to, conversion.from);
-  return back != nullptr && back != &conversion && IsSound(conversion) && IsSound(*back);
+  return IsSound(&conversion) && IsSound(conversions.Find(conversion.to, conversion.from));
 }
 
 std::string WaysRules::NamesOf(const Way& way) const {

@@ -43,17 +43,18 @@ class WaysRules {
   void ReportLoops();
   void Report(const Loop& loop, const Conversion& blamed);
 
-  bool IsSound(const Conversion& conversion) const;
+  std::size_t PositionOf(const Conversion& conversion) const;
+  bool IsSound(const Conversion* conversion) const;
   bool IsTwoWay(const Conversion& conversion) const;
   std::string NamesOf(const Way& way) const;
 
-  // A conversion is bad when it and its way back are no inverses of each other: it is then blamed
-  // for that alone.
+  // A conversion is sound when it can be applied, leads to another unit, and is not at odds with
+  // its way back: it is then blamed for that alone.
   const DataFile& file;
   const Conversions& conversions;
   Findings& findings;
   Comparison comparison;
-  std::vector<bool> bad;  // by position in the conversions
+  std::vector<bool> sound;  // by position in the conversions
   std::vector<Loop> loops;
 };
 
