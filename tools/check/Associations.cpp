@@ -132,18 +132,18 @@ void Associations::ReadInclude(const DataFile& file, const TiXmlElement& include
   chain.pop_back();
 }
 
-// Files that include each other over and over make endless work. Before that the library is asked
-// whether it would do it.
+// Files that include each other over and over make endless work, which the library refuses: it
+// loads this many files at once and, where there are more, says so itself.
 bool Associations::CanGoOn(const DataFile& top, UnitSystem& system) {
-  constexpr int kMany = 1000;
-  if (++system.includes == kMany) {
+  constexpr int kMostFiles = 1000;
+  if (++system.includes == kMostFiles) {
     Converter converter;
     converter.SetXMLFilePath(folder);
     std::string messages;
     system.complete = converter.RecursiveLoad(top.Path(), units::UNIT_TYPE_STD, messages);
     top.PassOn(messages, Rule::kNotLoaded, findings);
   }
-  return system.includes < kMany || system.complete;
+  return system.includes < kMostFiles;
 }
 
 void Associations::ReportCycle(const Place& place, const Chain& circle) {

@@ -25,8 +25,7 @@ const TiXmlBase& FieldOf(const TiXmlElement& element, const std::string& name) {
       return *attribute;
     }
   }
-  const TiXmlElement* child = element.FirstChildElement(name);
-  return child != nullptr ? *child : element;
+  return *element.FirstChildElement(name);
 }
 
 }  // namespace check
