@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -17,6 +19,14 @@ struct Case {
   std::string text;
   std::string findings;
 };
+
+std::string Includes(int count) {
+  std::string includes;
+  for (int i = 0; i < count; ++i) {
+    includes += "<include>more.xml</include>";
+  }
+  return includes;
+}
 
 class CheckFiles : public Program {
  protected:
@@ -45,6 +55,21 @@ class CheckFiles : public Program {
   std::string Terminal() const {
     return Run("check --data " + folder.Path() + "' /dev/null", "", "LC_ALL=C.UTF-8 script -qec '")
         .output;
+  }
+
+  // Checks ever larger data, as `write` writes it for a size, until the terminal shows `progress`.
+  template <typename Write>
+  void ExpectProgress(const std::string& progress, const Write& write) const {
+    const std::string clear = "\r\x1B[K";
+    const std::regex shown(clear.substr(0, 2) + "\\[K" + progress);
+    std::string seen;
+    for (int size = 30; size < 400 && !std::regex_search(seen, shown); size += size / 2) {
+      write(size);
+      seen = Terminal();
+    }
+    EXPECT_TRUE(std::regex_search(seen, shown)) << seen;
+    const std::string last = seen.substr(std::min(seen.size(), seen.rfind(clear)));
+    EXPECT_FALSE(std::regex_search(last, shown)) << "not cleared: " << seen;
   }
 };
 
@@ -147,15 +172,11 @@ TEST_F(CheckFiles, JudgesAssociationsWithoutAConversionFile) {
 }
 
 TEST_F(CheckFiles, FollowsAsManyIncludesAsTheLibraryDoes) {
-  std::string includes;
-  for (int i = 0; i < 998; ++i) {
-    includes += "<include>none.xml</include>";
-  }
   WriteConversions(kConversions);
-  folder.Write("none.xml", "<unit_associations/>");
-  WriteAssociations(includes);
+  folder.Write("more.xml", "<unit_associations/>");
+  WriteAssociations(Includes(998));
   EXPECT_EQ(Findings(), "");
-  WriteAssociations(includes + "<include>none.xml</include>");
+  WriteAssociations(Includes(999));
   EXPECT_NE(Findings().find(": more than 1000 files in one load [not-loaded]\n"),
             std::string::npos);
 }
@@ -174,11 +195,9 @@ TEST_F(CheckFiles, SaysNothingOfItsProgressWhereItIsQuick) {
   EXPECT_EQ(Terminal(), "0 errors and 0 warnings in 1 file\r\n");
 }
 
-TEST_F(CheckFiles, SaysHowFarItIsWhereItTakesLong) {
-  const std::string clear = "\r\x1B[K";
-  std::string seen;
-  for (int size = 30; size < 500 && seen.find(clear) == std::string::npos; size += size / 2) {
-    std::string text = "<unit_conversions>";
+TEST_F(CheckFiles, SaysWhatItDoesAndHowFarItIsWhereItTakesLong) {
+  ExpectProgress("comparing ways there and back \\d+ %", [this](int size) {
+    std::string text;
     for (int from = 0; from < size; ++from) {
       text += "<fromunit id='" + std::to_string(from) + "'>";
       for (int to = 0; to < size; ++to) {
@@ -186,14 +205,17 @@ TEST_F(CheckFiles, SaysHowFarItIsWhereItTakesLong) {
       }
       text += "</fromunit>";
     }
-    WriteConversions(text + "</unit_conversions>");
-    seen = Terminal();
-  }
-  const std::string task = clear + "comparing ways there and back ";
-  ASSERT_NE(seen.find(task), std::string::npos) << seen;
-  EXPECT_NE(seen.find(" %", seen.find(task)), std::string::npos) << seen;
-  EXPECT_NE(seen.find("0 errors and 0 warnings in 1 file\r\n"), std::string::npos) << seen;
-  EXPECT_EQ(seen.find(" %", seen.rfind(clear)), std::string::npos) << seen;
+    WriteConversions("<unit_conversions>" + text + "</unit_conversions>");
+  });
+  WriteConversions(kConversions);
+  WriteAssociations(Includes(900));
+  ExpectProgress("checking the associations[^ ]", [this](int size) {
+    std::string text;
+    for (int unit = 0; unit < 5 * size; ++unit) {
+      text += "<unitassoc id='" + std::to_string(unit) + "' tounit='B'/>";
+    }
+    folder.Write("more.xml", "<unit_associations>" + text + "</unit_associations>");
+  });
 }
 
 }  // namespace
