@@ -163,6 +163,8 @@ TEST_F(Check, KnowsAnInverseFromWhatIsNone) {
       none);
   EXPECT_EQ(BrokenBy(expression("sqrt(val)"), expression("val ^ 2")),
             (std::vector<std::string>{"expression-not-finite", "not-inverse"}));
+  EXPECT_EQ(BrokenBy(expression("val &gt; 1e6 ? 1 / 0 : 1.1 * val"), expression("val")),
+            (std::vector<std::string>{"expression-not-finite", "not-inverse"}));
   EXPECT_EQ(BrokenBy(expression("ln(val)"), expression("val")),
             (std::vector<std::string>{"expression-not-finite", "not-inverse"}));
 }

@@ -15,16 +15,20 @@ using Converter = units::DataUnitToDisplayUnitConverter;
 constexpr char kRoot[] = "unit_associations";
 
 const Names kFields{"id", "fromunit", "tounit"};
+const Names kChildren{"unitassoc", "include"};
+
+constexpr const std::string* kSuffixes[] = {&Converter::STD_SUFFIX, &Converter::STD_UK_SUFFIX,
+                                            &Converter::METRIC_SUFFIX, &Converter::GREEK_SUFFIX};
 
 // "STD" of "_STD.xml".
 std::string SystemName(const std::string& suffix) {
   return suffix.substr(1, suffix.rfind('.') - 1);
 }
 
-const std::vector<std::string>& Suffixes() {
-  static const std::vector<std::string> suffixes{Converter::STD_SUFFIX, Converter::STD_UK_SUFFIX,
-                                                 Converter::METRIC_SUFFIX, Converter::GREEK_SUFFIX};
-  return suffixes;
+// The text of a field, empty where there is none.
+std::string TextOf(const TiXmlElement& element, const char* field) {
+  const char* text = vehicle::ReadField(element, field);
+  return std::string(text != nullptr ? text : "");
 }
 
 void CheckNames(const DataFile& file, Findings& findings) {
@@ -38,7 +42,7 @@ void CheckNames(const DataFile& file, Findings& findings) {
     } else if (child->ValueStr() == "include") {
       names.CheckTextOnly(*child);
     } else {
-      names.CheckChild(root, *child, {}, {"unitassoc", "include"});
+      names.CheckChild(root, *child, {}, kChildren);
     }
   }
 }
@@ -48,25 +52,23 @@ void CheckNames(const DataFile& file, Findings& findings) {
 Associations::Associations(const std::string& folder, Findings& findings)
     : folder(folder), findings(findings) {}
 
-const std::vector<std::string>& Associations::FileEndings() {
-  static const std::vector<std::string> endings = [] {
-    std::vector<std::string> made;
-    for (const std::string& suffix : Suffixes()) {
-      made.push_back(Converter::ASSOCIATION_FILENAME + suffix);
-    }
-    return made;
-  }();
+std::vector<std::string> Associations::FileEndings() {
+  std::vector<std::string> endings;
+  for (const std::string* suffix : kSuffixes) {
+    endings.push_back(Converter::ASSOCIATION_FILENAME + *suffix);
+  }
   return endings;
 }
 
 void Associations::Read(const std::string& base) {
   const std::string start = folder + base + Converter::ASSOCIATION_FILENAME;
-  for (const std::string& suffix : Suffixes()) {
+  for (const std::string* suffix : kSuffixes) {
     systems.push_back(std::make_unique<UnitSystem>());
     UnitSystem& system = *systems.back();
     system.base = base;
-    system.name = SystemName(suffix);
-    Chain chain{start + suffix};
+    system.name = SystemName(*suffix);
+    Chain chain;
+    chain.push_back(start + *suffix);
     const DataFile& file = Open(chain.front());
     if (file.GetState() == DataFile::State::kUnreadable) {
       findings.Add({chain.front()}, Rule::kMissingFile,
@@ -130,18 +132,18 @@ void Associations::ReadInclude(const DataFile& file, const TiXmlElement& include
   chain.pop_back();
 }
 
-// Files that include each other over and over make endless work. Before that the library is asked
-// whether it would do it.
+// Files that include each other over and over make endless work, which the library refuses: it
+// loads this many files at once and, where there are more, says so itself.
 bool Associations::CanGoOn(const DataFile& top, UnitSystem& system) {
-  constexpr int kMany = 1000;
-  if (++system.includes == kMany) {
+  constexpr int kMostFiles = 1000;
+  if (++system.includes == kMostFiles) {
     Converter converter;
     converter.SetXMLFilePath(folder);
     std::string messages;
     system.complete = converter.RecursiveLoad(top.Path(), units::UNIT_TYPE_STD, messages);
     top.PassOn(messages, Rule::kNotLoaded, findings);
   }
-  return system.includes < kMany || system.complete;
+  return system.includes < kMostFiles;
 }
 
 void Associations::ReportCycle(const Place& place, const Chain& circle) {
@@ -156,27 +158,34 @@ void Associations::ReportCycle(const Place& place, const Chain& circle) {
 }
 
 void Associations::ReadOwn(const DataFile& file, UnitSystem& system) {
-  std::map<std::string, std::pair<const TiXmlElement*, std::string>> own;
+  struct Earlier {
+    const TiXmlElement* element = nullptr;
+    std::string toUnit;
+  };
+  std::map<std::string, Earlier> own;
   for (const TiXmlElement* element = file.Root()->FirstChildElement("unitassoc");
        element != nullptr; element = element->NextSiblingElement("unitassoc")) {
-    const char* id = vehicle::ReadField(*element, "id");
-    if (id == nullptr || *id == '\0') {
+    const std::string id = TextOf(*element, "id");
+    if (id.empty()) {
       continue;
     }
-    const auto known = own.find(id);
+    Earlier& earlier = own[id];
     const auto stored = system.store.find(id);
-    std::string before = stored != system.store.end() ? stored->second->toUnit : "";
-    if (known != own.end()) {
-      ReportRepeated(file, *element, *known->second.first);
-      before = known->second.second;
+    if (earlier.element != nullptr) {
+      ReportRepeated(file, *element, *earlier.element);
+    } else if (stored != system.store.end()) {
+      earlier.toUnit = stored->second->toUnit;
     }
+    earlier.element = element;
+    Association& last = system.last[id];
     const char* shown = vehicle::ReadField(*element, "tounit");
-    if (shown != nullptr && shown != before) {
-      changing[&system].insert(element);
+    if (shown == nullptr && last.element != nullptr) {
+      continue;
     }
-    own[id] = {element, shown != nullptr ? shown : before};
-    if (shown != nullptr || system.last.count(id) == 0) {
-      system.last[id] = {&file, element};
+    last = {&file, element};
+    if (shown != nullptr && shown != earlier.toUnit) {
+      changing[&system].insert(element);
+      earlier.toUnit = shown;
     }
   }
   std::string messages;
@@ -189,7 +198,7 @@ void Associations::ReportRepeated(const DataFile& file, const TiXmlElement& elem
   repeated.insert(&earlier);
   repeated.insert(&element);
   findings.Add(file.At(element), Rule::kRepeatedDefinition,
-               Quoted(vehicle::ReadField(element, "id")) +
+               Quoted(TextOf(element, "id")) +
                    " is associated again, and what is given here counts; the association before "
                    "stands at " +
                    ToString(file.At(earlier)));
@@ -210,9 +219,9 @@ void Associations::ReportThoseWithoutEffect() {
     }
     for (const TiXmlElement* element = file->Root()->FirstChildElement("unitassoc");
          element != nullptr; element = element->NextSiblingElement("unitassoc")) {
-      const char* id = vehicle::ReadField(*element, "id");
-      const char* shown = vehicle::ReadField(*element, "tounit");
-      if (id != nullptr && *id != '\0' && shown != nullptr && *shown != '\0' &&
+      const std::string id = TextOf(*element, "id");
+      const std::string shown = TextOf(*element, "tounit");
+      if (!id.empty() && !shown.empty() &&
           effective.count(element) + repeated.count(element) == 0) {
         findings.Add(file->At(*element), Rule::kWithoutEffect,
                      Quoted(id) + " as " + Quoted(shown) +

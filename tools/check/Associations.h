@@ -54,7 +54,7 @@ class Associations {
   void ReportThoseWithoutEffect();
 
   /// The ending of a system's file, behind the base name: "_UNIT_ASSOCIATIONS_STD.xml".
-  static const std::vector<std::string>& FileEndings();
+  static std::vector<std::string> FileEndings();
 
  private:
   using Chain = std::vector<std::string>;

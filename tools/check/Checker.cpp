@@ -48,7 +48,7 @@ Checker::Checker(const std::string& folder, const std::optional<std::string>& ba
       conversionFile(folder + units::UnitConverter::CONVERSION_FILENAME, "unit_conversions",
                      findings),
       associations(folder, findings) {
-  const std::set<std::string> bases = BaseNames(folder);
+  std::set<std::string> bases = BaseNames(folder);
   if (base && bases.count(*base) == 0) {
     throw Failure("no association files " + folder + *base + "*");
   }
@@ -56,13 +56,18 @@ Checker::Checker(const std::string& folder, const std::optional<std::string>& ba
     throw Failure("no data files in " + folder);
   }
   CheckConversions();
-  CheckAssociations(base ? std::vector{*base} : std::vector(bases.begin(), bases.end()));
+  if (base) {
+    bases.clear();
+    bases.insert(*base);
+  }
+  CheckAssociations(bases);
   if (!base) {
     associations.ReportThoseWithoutEffect();
     ReportUnreadFiles();
   }
   CountFiles();
   sorted = findings.Sorted();
+  progress.End();
 }
 
 void Checker::CheckConversions() {
@@ -76,7 +81,7 @@ void Checker::CheckConversions() {
   }
 }
 
-void Checker::CheckAssociations(const std::vector<std::string>& bases) {
+void Checker::CheckAssociations(const std::set<std::string>& bases) {
   progress.Begin("checking the associations", 0);
   for (const std::string& base : bases) {
     associations.Read(base);
@@ -91,8 +96,9 @@ void Checker::ReportUnreadFiles() {
   const auto options = fs::directory_options::skip_permission_denied;
   for (const auto& entry : fs::recursive_directory_iterator(folder, options)) {
     const std::string path = entry.path().string();
-    if (entry.is_regular_file() && entry.path().extension() == ".xml" &&
-        associations.Files().count(path) == 0 && HoldsAssociations(path)) {
+    const std::string extension = entry.path().extension().string();
+    if (entry.is_regular_file() && extension == ".xml" && associations.Files().count(path) == 0 &&
+        HoldsAssociations(path)) {
       findings.Add({path}, Rule::kUnreadFile, "no unit system reads this file");
     }
   }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ class Checker {
 
  private:
   void CheckConversions();
-  void CheckAssociations(const std::vector<std::string>& bases);
+  void CheckAssociations(const std::set<std::string>& bases);
   void ReportUnreadFiles();
   void CountFiles();
 

@@ -31,11 +31,9 @@ DataFile::DataFile(const std::string& path, const std::string& rootName, Finding
     PassOn(messages, Rule::kNotLoaded, findings);
     return;
   }
-  std::string text;
-  if (util::FileHandler(path.c_str(), "rb").read(text) == 0) {
-    return;
-  }
   state = State::kLoaded;
+  std::string text;
+  util::FileHandler(path.c_str(), "rb").read(text);
   document.SetTabSize(1);
   text.append(3, '\0');  // the parser may step over the end inside a character that is cut off
   document.Parse(text.c_str());
@@ -52,15 +50,15 @@ void DataFile::CheckDocument(const std::string& text, const std::string& rootNam
     return;
   }
   const TiXmlElement* element = document.FirstChildElement();
-  if (root == nullptr) {
-    findings.Add(element != nullptr ? At(*element) : Place{Path()}, Rule::kWrongRoot,
-                 element != nullptr ? "the root is <" + element->ValueStr() + ">, not <" +
-                                          rootName + ">: nothing is read"
-                                    : "there is no <" + rootName + ">: nothing is read");
-    return;
+  if (element == nullptr) {
+    findings.Add({Path()}, Rule::kWrongRoot, "there is no <" + rootName + ">: nothing is read");
+  } else if (root == nullptr) {
+    findings.Add(
+        At(*element), Rule::kWrongRoot,
+        "the root is <" + element->ValueStr() + ">, not <" + rootName + ">: nothing is read");
   }
   for (; element != nullptr; element = element->NextSiblingElement()) {
-    if (element != root) {
+    if (root != nullptr && element != root) {
       findings.Add(At(*element), Rule::kUnreadElement,
                    "<" + element->ValueStr() + "> is not read beside <" + rootName + ">");
     }
@@ -74,8 +72,8 @@ void DataFile::PassOn(const std::string& messages, Rule rule, Findings& findings
     if (line.compare(0, Path().size() + 1, Path() + ':') == 0) {
       char* rest = nullptr;
       place.line = static_cast<int>(std::strtol(line.c_str() + Path().size() + 1, &rest, 10));
-      place.column = static_cast<int>(std::strtol(rest + (*rest == ':'), &rest, 10));
-      line = rest + (*rest == ':') + (rest[0] == ':' && rest[1] == ' ');
+      place.column = static_cast<int>(std::strtol(rest + 1, &rest, 10));
+      line.erase(0, static_cast<std::size_t>(rest + 2 - line.c_str()));
     }
     findings.Add(place, rule, line);
   }

@@ -28,7 +28,8 @@ class DataFile {
   const std::string& Path() const { return document.ValueStr(); }
   Place At(const TiXmlBase& node) const { return {Path(), node.Row(), node.Column()}; }
 
-  /// Adds the lines that the library has written about this file as findings of `rule`.
+  /// Adds the lines that the library has written about this file, `PATH:ROW:COLUMN: text`, as
+  /// findings of `rule`; lines about other files stay whole.
   void PassOn(const std::string& messages, Rule rule, Findings& findings) const;
 
  private:

@@ -16,7 +16,10 @@ constexpr char kUtf8[] = "UTF-8";
 
 bool IsBeyondAscii(char c) { return static_cast<unsigned char>(c) >= 0x80; }
 
-bool IsC1Control(char c) { return IsBeyondAscii(c) && static_cast<unsigned char>(c) < 0xA0; }
+bool IsC1Control(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte >= 0x80 && byte < 0xA0;
+}
 
 bool IsLatin1(const std::string& encoding) {
   return strcasecmp(encoding.c_str(), "ISO-8859-1") == 0 ||
@@ -73,8 +76,9 @@ void CheckLatin1(const std::string& path, const std::string& bytes, std::size_t 
   }
 }
 
-void CheckOther(const std::string& path, const std::string& bytes, const std::string& encoding,
+void CheckOther(const std::string& path, const std::string& bytes, const std::string& declared,
                 Findings& findings) {
+  const std::string encoding(declared.empty() ? kUtf8 : declared.c_str());
   if (const auto invalid = FirstInvalid(bytes, encoding)) {
     findings.Add(PlaceOf(path, bytes, *invalid), Rule::kBadEncoding,
                  "the byte is no character of the encoding " + encoding);
@@ -96,7 +100,7 @@ void CheckEncoding(const std::string& path, const std::string& bytes, const std:
   if (IsLatin1(declared)) {
     CheckLatin1(path, bytes, static_cast<std::size_t>(first - bytes.begin()), findings);
   } else {
-    CheckOther(path, bytes, declared.empty() ? kUtf8 : declared, findings);
+    CheckOther(path, bytes, declared, findings);
   }
 }
 

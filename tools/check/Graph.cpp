@@ -21,7 +21,10 @@ class Graph {
       : stream(stream), conversions(checker.GetConversions()), utf8("UTF-8") {
     for (const Finding& finding : checker.GetFindings()) {
       std::string& text = texts[{finding.subject.from, finding.subject.to}];
-      text += (text.empty() ? "" : "\n") + finding.text;
+      if (!text.empty()) {
+        text += '\n';
+      }
+      text += finding.text;
     }
   }
 
@@ -42,8 +45,14 @@ class Graph {
   std::string Text(const std::string& latin1) const {
     std::string text = "\"";
     for (const char c : utf8.FromLatin1(latin1)) {
-      text += c == '"' || c == '\\' ? "\\" : "";
-      text += c == '\n' ? std::string("\\n") : std::string(1, c);
+      if (c == '"' || c == '\\') {
+        text += '\\';
+      }
+      if (c == '\n') {
+        text += "\\n";
+      } else {
+        text += c;
+      }
     }
     return text + '"';
   }
@@ -92,9 +101,12 @@ class Graph {
       tooltip += '\n' + TooltipOf(*back);
       found += FindingOf(*back);
     }
+    if (!found.empty()) {
+      tooltip += '\n' + found;
+    }
     stream << "  u" << conversion.from << " -> u" << conversion.to
            << " [label=" << Text(ShortFormulaOf(*conversion.record))
-           << " edgetooltip=" << Text(found.empty() ? tooltip : tooltip + '\n' + found);
+           << " edgetooltip=" << Text(tooltip);
     if (back != nullptr) {
       stream << " dir=both";
     }
@@ -112,7 +124,7 @@ class Graph {
   std::string FindingOf(const Conversion& conversion) const {
     const auto found =
         texts.find({conversions.NameOf(conversion.from), conversions.NameOf(conversion.to)});
-    return found != texts.end() ? found->second : "";
+    return std::string(found != texts.end() ? found->second.c_str() : "");
   }
 
   std::ostream& stream;

@@ -17,13 +17,18 @@ void Write(std::ostream& stream, const Json& json) {
 std::string UriOf(const std::string& path) {
   constexpr char kPlain[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
   constexpr char kDigits[] = "0123456789ABCDEF";
-  std::string uri = path.front() == '/' ? "file://" : "";
+  std::string uri;
+  if (path.front() == '/') {
+    uri = "file://";
+  }
   for (const char c : path) {
     const auto byte = static_cast<unsigned char>(c);
     if (std::string_view(kPlain).find(c) != std::string_view::npos) {
       uri += c;
     } else {
-      uri += {'%', kDigits[byte / 16], kDigits[byte % 16]};
+      uri += '%';
+      uri += kDigits[byte / 16];
+      uri += kDigits[byte % 16];
     }
   }
   return uri;
@@ -31,59 +36,71 @@ std::string UriOf(const std::string& path) {
 
 Json SarifRules() {
   Json rules = Json::array();
-  for (const RuleEntry& rule : Rules()) {
-    rules.push_back({{"id", rule.name},
-                     {"shortDescription", {{"text", rule.description}}},
-                     {"defaultConfiguration", {{"level", NameOf(rule.severity)}}}});
+  for (const RuleEntry& entry : Rules()) {
+    Json rule;
+    rule["id"] = entry.name;
+    rule["shortDescription"]["text"] = entry.description;
+    rule["defaultConfiguration"]["level"] = NameOf(entry.severity);
+    rules.push_back(rule);
   }
   return rules;
 }
 
 Json SarifResult(const Finding& finding, const Charset& utf8) {
   const RuleEntry& rule = EntryOf(finding.rule);
-  const Json region{{"startLine", finding.place.line}, {"startColumn", finding.place.column}};
-  const Json location{{"artifactLocation", {{"uri", UriOf(finding.place.file)}}},
-                      {"region", region}};
-  return {{"ruleId", rule.name},
-          {"ruleIndex", static_cast<int>(rule.rule)},
-          {"level", NameOf(rule.severity)},
-          {"message", {{"text", utf8.FromLatin1(finding.text)}}},
-          {"locations", Json::array({{{"physicalLocation", location}}})}};
+  Json location;
+  location["artifactLocation"]["uri"] = UriOf(finding.place.file);
+  location["region"]["startLine"] = finding.place.line;
+  location["region"]["startColumn"] = finding.place.column;
+  Json result;
+  result["ruleId"] = rule.name;
+  result["ruleIndex"] = static_cast<int>(rule.rule);
+  result["level"] = NameOf(rule.severity);
+  result["message"]["text"] = utf8.FromLatin1(finding.text);
+  result["locations"][0]["physicalLocation"] = location;
+  return result;
 }
 
 }  // namespace
 
 void WriteJson(std::ostream& stream, const Checker& checker) {
   const Charset utf8("UTF-8");
-  Json findings = Json::array();
+  Json report;
+  report["findings"] = Json::array();
   for (const Finding& finding : checker.GetFindings()) {
     const RuleEntry& rule = EntryOf(finding.rule);
-    findings.push_back({{"file", finding.place.file},
-                        {"line", finding.place.line},
-                        {"column", finding.place.column},
-                        {"severity", NameOf(rule.severity)},
-                        {"rule", rule.name},
-                        {"text", utf8.FromLatin1(finding.text)}});
+    Json item;
+    item["file"] = finding.place.file;
+    item["line"] = finding.place.line;
+    item["column"] = finding.place.column;
+    item["severity"] = NameOf(rule.severity);
+    item["rule"] = rule.name;
+    item["text"] = utf8.FromLatin1(finding.text);
+    report["findings"].push_back(item);
   }
-  Write(stream, {{"findings", findings},
-                 {"errors", Count(checker.GetFindings(), Severity::kError)},
-                 {"warnings", Count(checker.GetFindings(), Severity::kWarning)},
-                 {"files", checker.FileCount()}});
+  report["errors"] = Count(checker.GetFindings(), Severity::kError);
+  report["warnings"] = Count(checker.GetFindings(), Severity::kWarning);
+  report["files"] = checker.FileCount();
+  Write(stream, report);
 }
 
 void WriteSarif(std::ostream& stream, const Checker& checker) {
   const Charset utf8("UTF-8");
-  Json results = Json::array();
+  Json run;
+  Json& driver = run["tool"]["driver"];
+  driver["name"] = "vehicle-units";
+  driver["version"] = VEHICLE_UNITS_VERSION;
+  driver["rules"] = SarifRules();
+  run["columnKind"] = "unicodeCodePoints";
+  run["results"] = Json::array();
   for (const Finding& finding : checker.GetFindings()) {
-    results.push_back(SarifResult(finding, utf8));
+    run["results"].push_back(SarifResult(finding, utf8));
   }
-  const Json driver{
-      {"name", "vehicle-units"}, {"version", VEHICLE_UNITS_VERSION}, {"rules", SarifRules()}};
-  const Json run{
-      {"tool", {{"driver", driver}}}, {"columnKind", "unicodeCodePoints"}, {"results", results}};
-  Write(stream, {{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
-                 {"version", "2.1.0"},
-                 {"runs", Json::array({run})}});
+  Json report;
+  report["$schema"] = "https://json.schemastore.org/sarif-2.1.0.json";
+  report["version"] = "2.1.0";
+  report["runs"][0] = run;
+  Write(stream, report);
 }
 
 }  // namespace check

@@ -19,7 +19,9 @@ Progress::Progress() {
   }
 }
 
-Progress::~Progress() {
+Progress::~Progress() { End(); }
+
+void Progress::End() {
   {
     const std::lock_guard<std::mutex> lock(mutex);
     end = true;

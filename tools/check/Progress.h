@@ -9,13 +9,16 @@
 namespace check {
 
 /// Says on standard error, if that is a terminal, what is being done and how far it is, from one
-/// second after its construction until its destruction.
+/// second after its construction until its end.
 class Progress {
  public:
   Progress();
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
   ~Progress();
+
+  /// Takes the line away again.
+  void End();
 
   /// Begins a task of `total` steps; 0 where that is not known. `task` must stay.
   void Begin(const char* task, std::size_t total);

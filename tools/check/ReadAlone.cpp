@@ -12,7 +12,10 @@ Reading ReadAlone(const TiXmlElement& toUnit) {
   std::string error;
   const bool ends = definition.Read(&fromUnit, error, false) != 0;
   const auto& records = definition.toUnitFunctions;
-  return {records.empty() ? nullptr : records.begin()->second, ends};
+  if (records.empty()) {
+    return {nullptr, ends};
+  }
+  return {records.begin()->second, ends};
 }
 
 const TiXmlBase& FieldOf(const TiXmlElement& element, const std::string& name) {
@@ -22,8 +25,7 @@ const TiXmlBase& FieldOf(const TiXmlElement& element, const std::string& name) {
       return *attribute;
     }
   }
-  const TiXmlElement* child = element.FirstChildElement(name);
-  return child != nullptr ? *child : element;
+  return *element.FirstChildElement(name);
 }
 
 }  // namespace check

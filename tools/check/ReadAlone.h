@@ -17,8 +17,8 @@ struct Reading {
 
 Reading ReadAlone(const TiXmlElement& toUnit);
 
-/// Where the field `name` of `element` stands: the attribute, the child element, or for a field
-/// that is absent the element itself.
+/// Where the field `name` of `element`, which must have it, stands: the attribute or the child
+/// element.
 const TiXmlBase& FieldOf(const TiXmlElement& element, const std::string& name);
 
 }  // namespace check
