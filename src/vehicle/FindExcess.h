@@ -8,8 +8,8 @@ namespace vehicle {
 
 /// Where a text goes beyond what the XML parser may be given, and how.
 struct Excess {
-  std::size_t offset;
-  std::string what;
+  std::size_t offset;  ///< in bytes
+  std::string what;    ///< what there is too much of
 };
 
 /// The first element of `text` that stands below `limit` others or has more than `limit`
