@@ -204,8 +204,9 @@ TEST_F(Check, SurvivesIncludesThatMultiply) {
     folder.Write("F" + std::to_string(i) + ".xml", text);
   }
   folder.Write("F40.xml", start + end);
-  for (const char* system : {"STD", "STD_UK", "METRIC", "GREEK"}) {
-    folder.Write(std::string("X_UNIT_ASSOCIATIONS_") + system + ".xml", start + include(0) + end);
+  for (const char* file : {"X_UNIT_ASSOCIATIONS_STD.xml", "X_UNIT_ASSOCIATIONS_STD_UK.xml",
+                           "X_UNIT_ASSOCIATIONS_METRIC.xml", "X_UNIT_ASSOCIATIONS_GREEK.xml"}) {
+    folder.Write(file, std::string(start).append(include(0)).append(end));
   }
   folder.Write("UNIT_CONVERSIONS.xml", "<unit_conversions/>");
   const std::vector<std::string> broken = RulesOf(Run("check --data " + folder.Path()).output);

@@ -147,7 +147,8 @@ TEST_P(ShippedAssociations, ShowTheCustomaryUnits) {
            Case{"TORQUE_NM", {"ft-lb", "Nm", "ft-lb", "Nm"}},
            Case{"WEIGHT_KG", {"lb", "kg", "lb", "kg"}},
        }) {
-    EXPECT_EQ(display.GetActiveLabelForUnit(unit), labels[GetParam()]) << unit;
+    EXPECT_EQ(display.GetActiveLabelForUnit(unit), labels.at(static_cast<std::size_t>(GetParam())))
+        << unit;
   }
 }
 

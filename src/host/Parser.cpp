@@ -24,8 +24,9 @@ class Expression {
     parser.EnableOptimizer(false);
     parser.ClearConst();
     parser.SetVarFactory(&Expression::AddName, this);
-    parser.SetExpr(text.c_str());  // muParser cannot read a number that a NUL follows
-    parser.Eval();                 // the first evaluation compiles
+    // muParser cannot read a number that a NUL follows.
+    parser.SetExpr(text.substr(0, text.find('\0')));
+    parser.Eval();  // the first evaluation compiles
   }
   Expression(const Expression&) = delete;
   Expression& operator=(const Expression&) = delete;
