@@ -9,7 +9,7 @@
 #include "Failure.h"
 #include "Join.h"
 #include "NearestNames.h"
-#include "util/FileHandler.h"
+#include "ReadDocument.h"
 
 namespace {
 
@@ -31,12 +31,10 @@ ConversionCatalog::ConversionCatalog(const std::string& folder) {
   }
 }
 
-// Only for a file that the library has loaded: it refuses what would bring the parser down.
 void ConversionCatalog::ReadDefinitions(const std::string& path) {
-  std::string text;
-  util::FileHandler(path.c_str(), "rb").read(text);
   TiXmlDocument document(path);
-  document.Parse(text.c_str());
+  std::string text;
+  ReadDocument(document, text);
   std::string told;
   vehicle::ReadHashData<Definition>(document.FirstChildElement("unit_conversions"), definitions,
                                     told);

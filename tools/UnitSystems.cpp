@@ -9,7 +9,7 @@
 #include "ConversionCatalog.h"
 #include "Failure.h"
 #include "NearestNames.h"
-#include "util/FileHandler.h"
+#include "ReadDocument.h"
 
 namespace {
 
@@ -48,12 +48,11 @@ class FileTree {
     if (told || !visited.insert(path).second) {
       return "";
     }
+    TiXmlDocument document(path);
     std::string text;
-    if (util::FileHandler(path.c_str(), "rb").read(text) == 0) {
+    if (!ReadDocument(document, text)) {
       return path;
     }
-    TiXmlDocument document(path);
-    document.Parse(text.c_str());
     return FindUnreadable(document.FirstChildElement("unit_associations"), store);
   }
 

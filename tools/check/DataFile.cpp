@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "ReadDocument.h"
 #include "check/Encoding.h"
 #include "units/UnitConverter.h"
-#include "util/FileHandler.h"
 
 namespace check {
 
@@ -32,11 +32,9 @@ DataFile::DataFile(const std::string& path, const std::string& rootName, Finding
     return;
   }
   state = State::kLoaded;
-  std::string text;
-  util::FileHandler(path.c_str(), "rb").read(text);
   document.SetTabSize(1);
-  text.append(3, '\0');  // the parser may step over the end inside a character that is cut off
-  document.Parse(text.c_str());
+  std::string text;
+  ReadDocument(document, text);
   root = document.FirstChildElement(rootName);
   CheckDocument(text, rootName, findings);
 }
