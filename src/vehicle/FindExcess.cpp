@@ -3,27 +3,41 @@
 #include <strings.h>
 #include <tinyxml.h>
 
-#include <algorithm>
+#include <array>
 #include <cctype>
+#include <cstring>
 #include <string_view>
 
 namespace vehicle {
 
 namespace {
 
-bool IsSpace(char c) {
-  const auto byte = static_cast<unsigned char>(c);
-  return (byte <= ' ' || byte > '~') && std::isspace(byte) != 0;
-}
-
-bool IsNameStart(char c) {
+constexpr bool IsNameStart(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_' || byte > '~';
 }
 
-bool IsInName(char c) {
-  return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == ':';
+// For each byte whether it is one of those that `Is` says.
+template <typename Is>
+constexpr std::array<bool, 256> TableOf(Is is) {
+  std::array<bool, 256> table{};
+  for (int byte = 0; byte < 256; ++byte) {
+    table[byte] = is(static_cast<char>(byte));
+  }
+  return table;
 }
+
+constexpr auto kSpaces = TableOf([](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); });
+constexpr auto kNameBytes = TableOf([](char c) {
+  return IsNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.' || c == ':';
+});
+
+bool IsSpace(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return kSpaces[byte] || (byte > '~' && std::isspace(byte) != 0);
+}
+
+bool IsInName(char c) { return kNameBytes[static_cast<unsigned char>(c)]; }
 
 std::size_t Utf8Length(char c) {
   const auto lead = static_cast<unsigned char>(c);
@@ -40,47 +54,51 @@ TiXmlEncoding EncodingOf(const TiXmlDeclaration& declaration) {
   return utf8 ? TIXML_ENCODING_UTF8 : TIXML_ENCODING_LEGACY;
 }
 
-// Walks over a text as the parser does, with a count in place of the parser's calls of itself.
+// Walks over a text as the parser does, with a count in place of the parser's calls of itself. What
+// ends a text is a NUL, and there are enough of them that a step over a character that is cut off
+// still comes to one.
 class Scanner {
  public:
-  Scanner(const std::string& padded, std::size_t limit) : text(padded.c_str()), limit(limit) {
+  Scanner(const char* text, std::size_t limit) : text(text), limit(limit), at(text) {
     if (At(kByteOrderMark)) {
       encoding = TIXML_ENCODING_UTF8;
     }
   }
 
   std::optional<Excess> Scan() {
-    for (SkipSpace(); position < text.size() && !excess; SkipSpace()) {
-      if (Peek() == '<') {
+    for (SkipSpace(); *at != '\0' && tooMany == nullptr; SkipSpace()) {
+      if (*at == '<') {
         SkipMarkup();
       } else if (depth > 0) {
         SkipTo('<');
       } else {
-        GiveUp();
+        at = kNothing;
       }
     }
-    return excess;
+    if (tooMany == nullptr) {
+      return std::nullopt;
+    }
+    return Excess{static_cast<std::size_t>(element - text),
+                  "more than " + std::to_string(limit) + tooMany};
   }
 
  private:
   static constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  static constexpr const char* kNothing = "";  // where the parser reads no further
 
-  char Peek(std::size_t ahead = 0) const {
-    return position + ahead < text.size() ? text[position + ahead] : '\0';
+  bool At(std::string_view token) const {
+    return std::strncmp(at, token.data(), token.size()) == 0;
   }
 
-  bool At(std::string_view token) const { return text.substr(position, token.size()) == token; }
-
-  bool AtDeclaration() const { return strncasecmp(text.data() + position, "<?xml", 5) == 0; }
-
-  void Skip(std::size_t count) { position = std::min(position + count, text.size()); }
-
-  // The parser reads no further.
-  void GiveUp() { position = text.size(); }
-
   void SkipSpace() {
-    while (IsSpace(Peek()) || (encoding == TIXML_ENCODING_UTF8 && AtZeroWidth())) {
-      Skip(IsSpace(Peek()) ? 1 : kByteOrderMark.size());
+    while (true) {
+      if (IsSpace(*at)) {
+        ++at;
+      } else if (encoding == TIXML_ENCODING_UTF8 && AtZeroWidth()) {
+        at += kByteOrderMark.size();
+      } else {
+        return;
+      }
     }
   }
 
@@ -89,66 +107,70 @@ class Scanner {
   }
 
   void SkipName() {
-    while (IsInName(Peek())) {
-      ++position;
+    while (IsInName(*at)) {
+      ++at;
     }
   }
 
   // To `end`, over characters and entities, which may hold it.
   void SkipTo(char end) {
     const bool utf8 = encoding == TIXML_ENCODING_UTF8;
-    while (position < text.size() && text[position] != end) {
-      const char c = text[position];
-      if (c == '&' && Peek(1) == '#' && Peek(2) != '\0') {
-        SkipPast(";", 2);
+    while (*at != end && *at != '\0') {
+      if (*at == '&' && at[1] == '#' && at[2] != '\0') {
+        SkipPast(";");
+      } else if (utf8) {
+        at += Utf8Length(*at);
       } else {
-        Skip(utf8 ? Utf8Length(c) : 1);
+        ++at;
       }
     }
   }
 
-  void SkipPast(std::string_view end, std::size_t from) {
-    const std::size_t found = text.find(end, std::min(position + from, text.size()));
-    position = found != std::string_view::npos ? found + end.size() : text.size();
+  void SkipPast(const char* end) {
+    const char* found = std::strstr(at, end);
+    at = found != nullptr ? found + std::strlen(end) : kNothing;
   }
 
   void SkipMarkup() {
-    if (AtDeclaration()) {
+    if (IsNameStart(at[1])) {
+      SkipStartTag();
+    } else if (at[1] == '/') {
+      depth -= depth > 0 ? 1 : 0;
+      SkipPast(">");
+    } else if (strncasecmp(at, "<?xml", 5) == 0) {
       SkipDeclaration();
     } else if (At("<!--")) {
-      SkipPast("-->", 4);
+      at += 4;
+      SkipPast("-->");
     } else if (At("<![CDATA[")) {
-      SkipPast("]]>", 9);
-    } else if (IsNameStart(Peek(1))) {
-      SkipStartTag();
+      SkipPast("]]>");
     } else {
-      depth -= depth > 0 && At("</") ? 1 : 0;
-      SkipPast(">", 1);
+      SkipPast(">");
     }
   }
 
   void SkipDeclaration() {
     TiXmlDeclaration declaration;
-    const char* end = declaration.Parse(text.data() + position, nullptr, encoding);
-    end != nullptr ? Skip(static_cast<std::size_t>(end - text.data()) - position) : GiveUp();
+    const char* end = declaration.Parse(at, nullptr, encoding);
+    at = end != nullptr ? end : kNothing;
     if (depth == 0 && encoding == TIXML_ENCODING_UNKNOWN) {
       encoding = EncodingOf(declaration);
     }
   }
 
   void SkipStartTag() {
-    const std::size_t start = position;
+    element = at;
     if (depth == limit) {
-      excess = Excess{start, "more than " + std::to_string(limit) + " levels of elements"};
+      tooMany = " levels of elements";
       return;
     }
-    Skip(1);
+    ++at;
     SkipSpace();
     SkipName();
     std::size_t attributes = 0;
-    for (SkipSpace(); IsNameStart(Peek()); SkipSpace()) {
+    for (SkipSpace(); IsNameStart(*at); SkipSpace()) {
       if (attributes++ == limit) {
-        excess = Excess{start, "more than " + std::to_string(limit) + " attributes in one element"};
+        tooMany = " attributes in one element";
         return;
       }
       SkipAttribute();
@@ -157,51 +179,53 @@ class Scanner {
   }
 
   void EndStartTag() {
-    if (Peek() == '>') {
-      Skip(1);
+    if (*at == '>') {
+      ++at;
       ++depth;
-    } else if (At("/>")) {
-      Skip(2);
+    } else if (*at == '/' && at[1] == '>') {
+      at += 2;
     } else {
-      GiveUp();
+      at = kNothing;
     }
   }
 
   void SkipAttribute() {
     SkipName();
     SkipSpace();
-    if (Peek() != '=') {
-      GiveUp();
+    if (*at != '=') {
+      at = kNothing;
+      return;
     }
-    Skip(1);
+    ++at;
     SkipSpace();
-    if (const char quote = Peek(); quote == '"' || quote == '\'') {
-      Skip(1);
+    if (const char quote = *at; quote == '"' || quote == '\'') {
+      ++at;
       SkipTo(quote);
-      Skip(1);
+      at += *at != '\0' ? 1 : 0;
     } else {
       SkipBareValue();
     }
   }
 
   void SkipBareValue() {
-    while (position < text.size() && !IsSpace(Peek()) && Peek() != '/' && Peek() != '>') {
-      ++position;
+    while (*at != '\0' && !IsSpace(*at) && *at != '/' && *at != '>') {
+      ++at;
     }
   }
 
-  const std::string_view text;
+  const char* const text;
   const std::size_t limit;
-  std::size_t position = 0;
+  const char* at;
   std::size_t depth = 0;
   TiXmlEncoding encoding = TIXML_ENCODING_UNKNOWN;
-  std::optional<Excess> excess;
+  const char* element = nullptr;
+  const char* tooMany = nullptr;
 };
 
 }  // namespace
 
 std::optional<Excess> FindExcess(const std::string& text, std::size_t limit) {
-  return Scanner(text, limit).Scan();
+  return Scanner(text.c_str(), limit).Scan();
 }
 
 }  // namespace vehicle

@@ -19,19 +19,20 @@ namespace {
 constexpr std::uintmax_t kLargestFile = 64 << 20;
 constexpr std::size_t kMostOfAKind = 64;  // levels of elements, and attributes of one
 constexpr std::size_t kLongestCharacter = 4;
+constexpr int kTabSize = 4;  // as the parser counts columns
 
 struct Place {
   int row = 1;
   int column = 1;
 };
 
-Place PlaceAt(const std::string& text, std::size_t offset, int tabSize) {
+Place PlaceAt(const std::string& text, std::size_t offset) {
   Place place;
   for (std::size_t i = 0; i < offset; ++i) {
     if (text[i] == '\n' || (text[i] == '\r' && text[i + 1] != '\n')) {
       place = {place.row + 1, 1};
     } else if (text[i] == '\t') {
-      place.column = ((place.column - 1) / tabSize + 1) * tabSize + 1;
+      place.column = ((place.column - 1) / kTabSize + 1) * kTabSize + 1;
     } else if (text[i] != '\r') {
       ++place.column;
     }
@@ -42,17 +43,18 @@ Place PlaceAt(const std::string& text, std::size_t offset, int tabSize) {
 }  // namespace
 
 bool LoadDocument(TiXmlDocument& document, std::string& error) {
-  const std::filesystem::path path(document.Value());
-  std::error_code failure;
-  if (!std::filesystem::is_regular_file(path, failure)) {
+  std::error_code notRegular;
+  const std::uintmax_t size = std::filesystem::file_size(document.Value(), notRegular);
+  if (notRegular) {
     return false;
   }
-  if (std::filesystem::file_size(path, failure) > kLargestFile) {
+  if (size > kLargestFile) {
     error += FormatError(document.ValueStr(), 1, 1, "larger than 64 MiB");
     return false;
   }
   util::FileHandler file(document.Value(), "rb");
   std::string text;
+  text.reserve(static_cast<std::size_t>(size) + kLongestCharacter);
   if (file.read(text) == 0) {
     return false;
   }
@@ -60,7 +62,7 @@ bool LoadDocument(TiXmlDocument& document, std::string& error) {
   text.resize(std::strlen(text.c_str()));
   text.append(kLongestCharacter - 1, '\0');
   if (const std::optional<Excess> excess = FindExcess(text, kMostOfAKind)) {
-    const Place place = PlaceAt(text, excess->offset, document.TabSize());
+    const Place place = PlaceAt(text, excess->offset);
     error += FormatError(document.ValueStr(), place.row, place.column, excess->what);
     return false;
   }
