@@ -2,8 +2,9 @@
 
 #include <tinyxml.h>
 
+#include <algorithm>
+#include <list>
 #include <mutex>
-#include <set>
 
 #include "vehicle/FormatError.h"
 #include "vehicle/ReadField.h"
@@ -15,9 +16,10 @@ namespace {
 // Objects are many and their classes few: each tag name is kept once.
 const std::string* Shared(const std::string& tagName) {
   static std::mutex mutex;
-  static std::set<std::string> names;
+  static std::list<std::string> names;
   const std::lock_guard<std::mutex> lock(mutex);
-  return &*names.insert(tagName).first;
+  const auto found = std::find(names.begin(), names.end(), tagName);
+  return found != names.end() ? &*found : &names.emplace_back(tagName);
 }
 
 }  // namespace

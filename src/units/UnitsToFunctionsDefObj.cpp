@@ -28,12 +28,7 @@ std::optional<double> ParsePlainNumber(const char* text) {
   return failure == std::errc() && rest == end ? std::optional(number) : std::nullopt;
 }
 
-double ParseNumber(const char* text) {
-  if (std::locale() == std::locale::classic()) {
-    if (const std::optional<double> number = ParsePlainNumber(text)) {
-      return *number;
-    }
-  }
+double ExtractNumber(const char* text) {
   std::istringstream stream(text);
   stream.exceptions(std::ios::badbit);  // else an extraction would swallow an allocation failure
   double number = 0;
@@ -42,35 +37,51 @@ double ParseNumber(const char* text) {
 }
 
 VehicleV2::ConversionTypes_e ParseType(std::string name) {
+  const auto& names = VehicleV2::conversionTypeNames();
+  if (const auto type = names.find(name)) {
+    return *type;
+  }
   for (char& c : name) {
     c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   }
-  return VehicleV2::conversionTypeNames().find(name).value_or(VehicleV2::CONVERSION_INVALID);
+  return names.find(name).value_or(VehicleV2::CONVERSION_INVALID);
 }
 
-void ReadConstants(const TiXmlElement& conv, vehicle::DataType& record) {
-  for (const auto& [constant, name] : VehicleV2::conversionConstantNames()) {
-    if (const char* text = vehicle::ReadField(conv, name.c_str())) {
-      record.conversionConstants.emplace(constant, ParseNumber(text));
+// Reads the "conv" elements of one definition. The locale is asked once for all their numbers.
+class ConversionReader {
+ public:
+  bool Read(const TiXmlElement& conv, vehicle::DataType& record) const {
+    if (const char* type = vehicle::ReadField(conv, "type")) {
+      record.conversionType = ParseType(type);
+      if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
+        return false;
+      }
+      ReadConstants(conv, record);
+      return true;
     }
+    if (const char* expression = vehicle::ReadField(conv, "to_float")) {
+      record.toFloatExpression = expression;
+      return true;
+    }
+    return false;
   }
-}
 
-bool ReadConversion(const TiXmlElement& conv, vehicle::DataType& record) {
-  if (const char* type = vehicle::ReadField(conv, "type")) {
-    record.conversionType = ParseType(type);
-    if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
-      return false;
+ private:
+  void ReadConstants(const TiXmlElement& conv, vehicle::DataType& record) const {
+    for (const auto& [constant, name] : VehicleV2::conversionConstantNames()) {
+      if (const char* text = vehicle::ReadField(conv, name)) {
+        record.conversionConstants.emplace(constant, ParseNumber(text));
+      }
     }
-    ReadConstants(conv, record);
-    return true;
   }
-  if (const char* expression = vehicle::ReadField(conv, "to_float")) {
-    record.toFloatExpression = expression;
-    return true;
+
+  double ParseNumber(const char* text) const {
+    const std::optional<double> number = classicLocale ? ParsePlainNumber(text) : std::nullopt;
+    return number ? *number : ExtractNumber(text);
   }
-  return false;
-}
+
+  const bool classicLocale = std::locale() == std::locale::classic();
+};
 
 }  // namespace
 
@@ -86,6 +97,7 @@ int UnitConverter::UnitsToFunctionsDefObj::DoRead(TiXmlElement* element, std::st
   if (element == nullptr) {
     return 1;
   }
+  const ConversionReader reader;
   for (const TiXmlElement* child = element->FirstChildElement("tounit"); child != nullptr;
        child = child->NextSiblingElement()) {
     const char* target = child->Attribute("id");
@@ -93,11 +105,8 @@ int UnitConverter::UnitsToFunctionsDefObj::DoRead(TiXmlElement* element, std::st
     if (target == nullptr || conv == nullptr) {
       continue;
     }
-    auto entry = toUnitFunctions.find(target);
-    if (entry == toUnitFunctions.end()) {
-      entry = toUnitFunctions.emplace(target, std::make_shared<vehicle::DataType>()).first;
-    }
-    if (!ReadConversion(*conv, *entry->second)) {
+    const auto entry = toUnitFunctions.emplace(target, std::make_shared<vehicle::DataType>()).first;
+    if (!reader.Read(*conv, *entry->second)) {
       return 1;
     }
   }
