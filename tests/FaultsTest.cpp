@@ -178,6 +178,14 @@ TEST_F(Loads, TakeTheFileThatTheyOpenedWhenItIsReplacedOrGrows) {
   EXPECT_TRUE(LoadConversions(conversions));
 }
 
+TEST_F(Loads, TellWhatIsWrongAlsoWhenTheFileIsGoneMeanwhile) {
+  const std::string file =
+      folder.Write("file.xml", "<unit_conversions><fromunit/></unit_conversions>");
+  beforeRead = [&] { std::filesystem::remove(file); };
+  EXPECT_TRUE(LoadConversions(file));
+  EXPECT_EQ(error, file + ":1:1: <fromunit> lacks the tag \"id\"\n");
+}
+
 std::string Nested(int levels, const std::string& content = "") {
   std::string text;
   for (int i = 0; i < levels; ++i) {

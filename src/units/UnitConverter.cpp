@@ -2,6 +2,7 @@
 
 #include <tinyxml.h>
 
+#include <cstddef>
 #include <stdexcept>
 
 #include "vehicle/LoadDocument.h"
@@ -20,6 +21,36 @@ namespace {
 const std::string kValueName = "val";
 
 using Constants = decltype(vehicle::DataType::conversionConstants);
+
+using Definitions =
+    util::DataHash<std::string, std::shared_ptr<UnitConverter::UnitsToFunctionsDefObj>>;
+
+// Whether elements know their rows and columns. Only errors tell them, and to note them takes an
+// eighth of the parse: a file is read without, and if there is an error, once more.
+enum class Places { kUnknown, kKnown };
+
+std::size_t CountChildren(const TiXmlNode* parent) {
+  std::size_t count = 0;
+  for (const TiXmlNode* child = parent != nullptr ? parent->FirstChild() : nullptr;
+       child != nullptr; child = child->NextSibling()) {
+    ++count;
+  }
+  return count;
+}
+
+bool Load(const std::string& path, Places places, Definitions& definitions, std::string& error) {
+  TiXmlDocument document(path);
+  if (places == Places::kUnknown) {
+    document.SetTabSize(0);
+  }
+  if (!vehicle::LoadDocument(document, error)) {
+    return false;
+  }
+  TiXmlElement* root = document.FirstChildElement("unit_conversions");
+  definitions.resize(definitions.size() + CountChildren(root));  // else it grows step by step
+  vehicle::ReadHashData<UnitConverter::UnitsToFunctionsDefObj>(root, definitions, error);
+  return true;
+}
 
 double ApplySlopeInt(const Constants& constants, double value) {
   const double scalar = constants.at(VehicleV2::CONSTANT_SCALAR);
@@ -42,13 +73,12 @@ UnitConverter::UnitConverter() = default;
 UnitConverter::~UnitConverter() = default;
 
 bool UnitConverter::LoadFromXML(const std::string& fileName, std::string& error) {
-  TiXmlDocument document(xmlFilePath + fileName);
-  if (!vehicle::LoadDocument(document, error)) {
-    return false;
-  }
-  vehicle::ReadHashData<UnitsToFunctionsDefObj>(document.FirstChildElement("unit_conversions"),
-                                                conversions, error);
-  return true;
+  const std::string path = xmlFilePath + fileName;
+  std::string unplaced;
+  const bool loaded = Load(path, Places::kUnknown, conversions, unplaced);
+  const bool placed = loaded && !unplaced.empty() && Load(path, Places::kKnown, conversions, error);
+  error += placed ? "" : unplaced;
+  return loaded;
 }
 
 void UnitConverter::SetXMLFilePathAndLoad(const std::string& path) {
