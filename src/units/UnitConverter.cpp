@@ -123,7 +123,10 @@ void UnitConverter::Convert(const std::string& fromUnit, const std::string& toUn
 template <typename Value>
 void UnitConverter::Evaluate(const std::string& expression, Value& value) const {
   const std::lock_guard<std::mutex> lock(parserMutex);
-  parser.variables[kValueName] = value;
+  if (parserValue == nullptr) {
+    parserValue = &parser.variables[kValueName];
+  }
+  *parserValue = value;
   try {
     value = static_cast<Value>(parser.Evaluate(expression));
   } catch (const std::runtime_error&) {

@@ -103,11 +103,14 @@ class VEHICLE_UNITS_EXPORT UnitConverter {
   VEHICLE_UNITS_LOCAL void Evaluate(const std::string& expression, Value& value) const;
 
   // `parserMutex` is held from before "val" is written until its expression has been evaluated, so
-  // that every expression reads its own caller's value. Definitions are only added to, by loads.
+  // that every expression reads its own caller's value. `parserValue` is the entry "val" in the
+  // parser's table, null until the first evaluation makes it. Definitions are only added to, by
+  // loads.
   mutable Parser parser;
   mutable std::mutex parserMutex;
   util::DataHash<std::string, std::shared_ptr<UnitsToFunctionsDefObj>> conversions;
   std::string xmlFilePath;
+  mutable double* parserValue = nullptr;
 };
 
 }  // namespace units
