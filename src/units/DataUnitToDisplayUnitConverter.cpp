@@ -177,7 +177,7 @@ bool DataUnitToDisplayUnitConverter::IsStdUnits() const {
 bool DataUnitToDisplayUnitConverter::IsMetricUnits() const { return !IsStdUnits(); }
 
 std::string DataUnitToDisplayUnitConverter::GetActiveLabelForUnit(const std::string& unit) const {
-  const std::string* label = FindOtherDisplayUnit(unit);
+  const std::string* label = FindDisplayUnit(unit);
   return label != nullptr ? *label : unit;
 }
 
@@ -199,12 +199,18 @@ void DataUnitToDisplayUnitConverter::UnConvertUnit(const std::string& unit, doub
   }
 }
 
-// The display unit of `unit` where it has one that is not `unit` itself, else null.
-const std::string* DataUnitToDisplayUnitConverter::FindOtherDisplayUnit(
-    const std::string& unit) const {
+// The display unit of `unit` where it has one, else null.
+const std::string* DataUnitToDisplayUnitConverter::FindDisplayUnit(const std::string& unit) const {
   const AssociationStore& store = associations[static_cast<std::size_t>(unitType)];
   const auto found = store.find(unit);
-  return found != store.end() && found->second->toUnit != unit ? &found->second->toUnit : nullptr;
+  return found != store.end() ? &found->second->toUnit : nullptr;
+}
+
+// The same, but null where it is `unit` itself.
+const std::string* DataUnitToDisplayUnitConverter::FindOtherDisplayUnit(
+    const std::string& unit) const {
+  const std::string* displayUnit = FindDisplayUnit(unit);
+  return displayUnit != nullptr && *displayUnit != unit ? displayUnit : nullptr;
 }
 
 }  // namespace units

@@ -152,6 +152,7 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
  private:
   using AssociationStore = util::DataHash<std::string, std::shared_ptr<UnitAssociation>>;
 
+  VEHICLE_UNITS_LOCAL const std::string* FindDisplayUnit(const std::string& unit) const;
   VEHICLE_UNITS_LOCAL const std::string* FindOtherDisplayUnit(const std::string& unit) const;
 
   // `unitType` is always one of the four systems: it is the index of its store.
