@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -28,15 +29,15 @@ void CountDefinitions(benchmark::State& state, const std::string& set) {
 
 void Load(benchmark::State& state, const std::string& set) {
   const std::string path = WriteConversionFile(set);
+  std::optional<units::UnitConverter> converter(std::in_place);
   for (auto iteration : state) {
     (void)iteration;
-    auto converter = std::make_unique<units::UnitConverter>();
     std::string error;
     if (!converter->LoadFromXML(path, error) || !error.empty()) {
       throw std::runtime_error("not loaded: " + path);
     }
     state.PauseTiming();
-    converter.reset();
+    converter.emplace();  // destroys the old one first
     state.ResumeTiming();
   }
   CountDefinitions(state, set);
