@@ -31,7 +31,7 @@ bool ConstantRules::Check(const TiXmlElement& toUnit, VehicleV2::ConversionConst
                           const Subject& subject) const {
   const TiXmlElement& conv = *toUnit.FirstChildElement("conv");
   const std::string& name = NameOf(constant);
-  const char* text = vehicle::ReadField(conv, name.c_str());
+  const char* text = vehicle::ReadField(conv, name);
   if (text == nullptr) {
     findings.Add(file.At(conv), Rule::kMissingConstant,
                  Quoted(subject.from) + " into " + Quoted(subject.to) + " has no " + name +
@@ -57,7 +57,7 @@ void ConstantRules::ReportBadNumber(const TiXmlElement& toUnit,
                                     const Subject& subject) const {
   const TiXmlElement& conv = *toUnit.FirstChildElement("conv");
   const std::string& name = NameOf(constant);
-  const char* text = vehicle::ReadField(conv, name.c_str());
+  const char* text = vehicle::ReadField(conv, name);
   const bool beyond = IsNumberBeyondRange(text);
   const double read = ReadAlone(toUnit).record->conversionConstants.at(constant);
   findings.Add(file.At(FieldOf(conv, name)), beyond ? Rule::kNumberNotFinite : Rule::kBadNumber,
