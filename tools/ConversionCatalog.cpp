@@ -9,13 +9,8 @@
 #include "Failure.h"
 #include "Join.h"
 #include "NearestNames.h"
+#include "Quoted.h"
 #include "ReadDocument.h"
-
-namespace {
-
-std::string Quoted(const std::string& name) { return '"' + name + '"'; }
-
-}  // namespace
 
 ConversionCatalog::ConversionCatalog(const std::string& folder) {
   const std::string path = folder + units::UnitConverter::CONVERSION_FILENAME;

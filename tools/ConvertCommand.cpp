@@ -9,6 +9,7 @@
 #include "DataFolder.h"
 #include "Failure.h"
 #include "Numbers.h"
+#include "Quoted.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ class Conversion {
   void Print(const std::string& text) const {
     const auto value = ParseNumber(text);
     if (!value) {
-      throw Failure("not a number: \"" + terminal.ToLatin1(text) + '"');
+      throw Failure("not a number: " + Quoted(terminal.ToLatin1(text)));
     }
     const std::string result =
         single ? FormatNumber(catalog.Convert(from, to, static_cast<float>(*value)))

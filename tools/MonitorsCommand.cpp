@@ -13,6 +13,7 @@
 #include "Commands.h"
 #include "Failure.h"
 #include "Numbers.h"
+#include "Quoted.h"
 #include "Table.h"
 #include "UnitSystems.h"
 #include "units/parse_monitors.h"
@@ -102,7 +103,7 @@ class MonitorFile {
       line.monitor->SetValue(static_cast<float>(*value));
       line.hasValue = true;
     } else {
-      Tell(std::to_string(count) + ": the value is not a number: \"" + text + '"');
+      Tell(std::to_string(count) + ": the value is not a number: " + Quoted(text));
     }
   }
 

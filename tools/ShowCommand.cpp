@@ -8,6 +8,7 @@
 #include "Commands.h"
 #include "Failure.h"
 #include "Numbers.h"
+#include "Quoted.h"
 #include "Table.h"
 #include "UnitSystems.h"
 
@@ -37,12 +38,12 @@ class Readings {
   void Add(const std::string& reading) {
     const auto equals = reading.rfind('=');
     if (equals == std::string::npos) {
-      throw Failure("not DATAUNIT=VALUE: \"" + reading + '"');
+      throw Failure("not DATAUNIT=VALUE: " + Quoted(reading));
     }
     const std::string unit = reading.substr(0, equals);
     const auto value = ParseNumber(reading.substr(equals + 1));
     if (!value) {
-      throw Failure("not a number: \"" + reading.substr(equals + 1) + '"');
+      throw Failure("not a number: " + Quoted(reading.substr(equals + 1)));
     }
     systems.CheckDataUnit(unit);
     AddRow(unit, *value);

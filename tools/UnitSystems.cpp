@@ -9,6 +9,7 @@
 #include "ConversionCatalog.h"
 #include "Failure.h"
 #include "NearestNames.h"
+#include "Quoted.h"
 #include "ReadDocument.h"
 
 namespace {
@@ -133,5 +134,5 @@ void UnitSystems::CheckDataUnit(const std::string& unit) const {
   for (const auto& [name, association] : associations) {
     names.push_back(name);
   }
-  throw Failure("unknown data unit \"" + unit + '"' + NearestNames(unit, names));
+  throw Failure("unknown data unit " + Quoted(unit) + NearestNames(unit, names));
 }

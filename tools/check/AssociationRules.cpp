@@ -4,6 +4,7 @@
 
 #include "Join.h"
 #include "NearestNames.h"
+#include "Quoted.h"
 
 namespace check {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Quoted.h"
 #include "check/NameRules.h"
 #include "vehicle/ReadField.h"
 #include "vehicle/ReadHashData.h"

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "Numbers.h"
+#include "Quoted.h"
 #include "check/ReadAlone.h"
 #include "vehicle/ReadField.h"
 

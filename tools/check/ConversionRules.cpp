@@ -1,6 +1,7 @@
 #include "check/ConversionRules.h"
 
 #include "Join.h"
+#include "Quoted.h"
 #include "check/Formula.h"
 #include "check/ReadAlone.h"
 #include "vehicle/ReadField.h"

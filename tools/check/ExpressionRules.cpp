@@ -6,6 +6,7 @@
 
 #include "Join.h"
 #include "Numbers.h"
+#include "Quoted.h"
 #include "check/Formula.h"
 
 namespace check {

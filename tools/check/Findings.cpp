@@ -37,6 +37,4 @@ std::size_t Count(const std::vector<Finding>& findings, Severity severity) {
       [severity](const Finding& finding) { return EntryOf(finding.rule).severity == severity; }));
 }
 
-std::string Quoted(const std::string& text) { return '"' + text + '"'; }
-
 }  // namespace check

@@ -45,7 +45,4 @@ class Findings {
 
 std::size_t Count(const std::vector<Finding>& findings, Severity severity);
 
-/// `text` in double quotes.
-std::string Quoted(const std::string& text);
-
 }  // namespace check

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "NearestNames.h"
+#include "Quoted.h"
 
 namespace check {
 

@@ -3,6 +3,8 @@
 #include <cctype>
 #include <vector>
 
+#include "Quoted.h"
+
 namespace check {
 
 namespace {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Numbers.h"
+#include "Quoted.h"
 
 namespace check {
 

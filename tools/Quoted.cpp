@@ -1,0 +1,3 @@
+#include "Quoted.h"
+
+std::string Quoted(const std::string& text) { return '"' + text + '"'; }

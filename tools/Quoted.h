@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string>
+
+/// `text` in double quotes.
+std::string Quoted(const std::string& text);
