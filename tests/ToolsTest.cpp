@@ -151,6 +151,23 @@ TEST_F(Program, NamesTheAssociationFileThatFails) {
                                  folder.Path("CAR_UNIT_ASSOCIATIONS_STD_UK.xml") + '\n');
 }
 
+TEST_F(Program, SurvivesFilesBehindTheOneThatTheLibraryRefuses) {
+  std::string deep;
+  for (int i = 0; i < 100'000; ++i) {
+    deep += "<a>";
+  }
+  folder.Write("refused.xml", deep);
+  folder.Write("deep.xml", deep);
+  folder.Write("nameless.xml", "<unit_associations><include/></unit_associations>");
+  folder.Write("CAR_UNIT_ASSOCIATIONS_STD.xml",
+               "<unit_associations><include>refused.xml</include><include>deep.xml</include>"
+               "<include>nameless.xml</include></unit_associations>");
+  EXPECT_EQ(Run("show --name CAR A=1" + DataOption("")).error,
+            folder.Path("refused.xml") + ":1:193: more than 64 levels of elements\n" +
+                "vehicle-units: cannot load " + folder.Path("CAR_UNIT_ASSOCIATIONS_STD.xml") +
+                '\n');
+}
+
 TEST_F(Program, ShowsTheMonitorsOfAFile) {
   const std::string file = folder.Write("monitors.tsv",
                                         "Coolant\tTEMP_CEL\t70\t110\t1\t92\r\n"

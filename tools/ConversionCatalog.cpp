@@ -10,7 +10,7 @@
 #include "Join.h"
 #include "NearestNames.h"
 #include "Quoted.h"
-#include "ReadDocument.h"
+#include "vehicle/LoadDocument.h"
 
 ConversionCatalog::ConversionCatalog(const std::string& folder) {
   const std::string path = folder + units::UnitConverter::CONVERSION_FILENAME;
@@ -28,9 +28,8 @@ ConversionCatalog::ConversionCatalog(const std::string& folder) {
 
 void ConversionCatalog::ReadDefinitions(const std::string& path) {
   TiXmlDocument document(path);
-  std::string text;
-  ReadDocument(document, text);
   std::string told;
+  vehicle::LoadDocument(document, told);
   vehicle::ReadHashData<Definition>(document.FirstChildElement("unit_conversions"), definitions,
                                     told);
 }

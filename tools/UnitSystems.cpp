@@ -10,7 +10,7 @@
 #include "Failure.h"
 #include "NearestNames.h"
 #include "Quoted.h"
-#include "ReadDocument.h"
+#include "vehicle/LoadDocument.h"
 
 namespace {
 
@@ -50,9 +50,9 @@ class FileTree {
       return "";
     }
     TiXmlDocument document(path);
-    std::string text;
-    if (!ReadDocument(document, text)) {
-      return path;
+    std::string refusal;
+    if (!vehicle::LoadDocument(document, refusal)) {
+      return refusal.empty() ? path : "";
     }
     return FindUnreadable(document.FirstChildElement("unit_associations"), store);
   }
@@ -61,7 +61,8 @@ class FileTree {
   std::string FindUnreadable(TiXmlElement* root, AssociationStore& store) {
     const TiXmlElement* include = root != nullptr ? root->FirstChildElement("include") : nullptr;
     for (; include != nullptr; include = include->NextSiblingElement("include")) {
-      std::string unreadable = FindUnreadable(folder + include->GetText(), store);
+      const char* name = include->GetText();
+      std::string unreadable = name != nullptr ? FindUnreadable(folder + name, store) : "";
       if (!unreadable.empty()) {
         return unreadable;
       }

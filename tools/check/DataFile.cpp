@@ -4,9 +4,9 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "ReadDocument.h"
 #include "check/Encoding.h"
-#include "units/UnitConverter.h"
+#include "util/FileHandler.h"
+#include "vehicle/LoadDocument.h"
 
 namespace check {
 
@@ -25,16 +25,16 @@ std::string DeclaredEncoding(const TiXmlDocument& document) {
 
 DataFile::DataFile(const std::string& path, const std::string& rootName, Findings& findings)
     : document(path) {
+  document.SetTabSize(1);
   std::string messages;
-  if (!units::UnitConverter().LoadFromXML(path, messages)) {
+  if (!vehicle::LoadDocument(document, messages)) {
     state = messages.empty() ? State::kUnreadable : State::kRefused;
     PassOn(messages, Rule::kNotLoaded, findings);
     return;
   }
   state = State::kLoaded;
-  document.SetTabSize(1);
   std::string text;
-  ReadDocument(document, text);
+  util::FileHandler(path.c_str(), "rb").read(text);
   root = document.FirstChildElement(rootName);
   CheckDocument(text, rootName, findings);
 }
