@@ -12,12 +12,12 @@
 
 #include <cstdio>
 #include <ctime>
-#include <exception>
 #include <stdexcept>
 #include <string>
 
 #include "BareConverter.h"
 #include "DataSet.h"
+#include "RunProgram.h"
 #include "units/UnitConverter.h"
 
 namespace {
@@ -86,11 +86,4 @@ int Run(int argc, char** argv) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  try {
-    return Run(argc, argv);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "footprint: %s\n", error.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return bench::RunProgram("footprint", Run, argc, argv); }

@@ -6,12 +6,12 @@
 // The difference between two counts, less that of "nothing", is what the calls cost.
 
 #include <cstdio>
-#include <exception>
 #include <functional>
 #include <map>
 #include <string>
 
 #include "DataSet.h"
+#include "RunProgram.h"
 
 namespace {
 
@@ -104,11 +104,4 @@ int Run(int argc, char** argv) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  try {
-    return Run(argc, argv);
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "hot-calls: %s\n", error.what());
-    return 1;
-  }
-}
+int main(int argc, char** argv) { return bench::RunProgram("hot-calls", Run, argc, argv); }
