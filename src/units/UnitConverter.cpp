@@ -77,7 +77,9 @@ bool UnitConverter::LoadFromXML(const std::string& fileName, std::string& error)
   std::string unplaced;
   const bool loaded = Load(path, Places::kUnknown, conversions, unplaced);
   const bool placed = loaded && !unplaced.empty() && Load(path, Places::kKnown, conversions, error);
-  error += placed ? "" : unplaced;
+  if (!placed) {
+    error += unplaced;
+  }
   return loaded;
 }
 
