@@ -111,10 +111,12 @@ template <typename Value>
 void Compare(DataSet& set, const std::vector<Pair>& pairs) {
   for (const Pair& pair : pairs) {
     Value library = 12.5;
+    Value kept = 12.5;
     Value bare = 12.5;
     set.engine.ConvertUnit(pair.from, pair.to, library);
+    Keep(set, pair).Convert(kept);
     bare::ConvertUnit(set.bare, pair.from, pair.to, bare);
-    if (library != bare) {
+    if (library != bare || kept != bare) {
       throw std::runtime_error(Differ(pair));
     }
   }
@@ -153,6 +155,15 @@ DataSet& GetDataSet(const std::string& name) {
   auto& set = sets[name];
   set = set ? std::move(set) : MakeDataSet(name);
   return *set;
+}
+
+units::Conversion Keep(const DataSet& set, const Pair& pair) {
+  std::string why;
+  units::Conversion conversion = set.engine.FindConversion(pair.from, pair.to, why);
+  if (!conversion) {
+    throw std::runtime_error(why);
+  }
+  return conversion;
 }
 
 std::string WriteConversionFile(const std::string& name) {

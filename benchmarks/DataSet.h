@@ -31,6 +31,9 @@ struct DataSet {
 /// when library and bare containers differ in a single bit of a result.
 DataSet& GetDataSet(const std::string& name);
 
+/// The conversion of `pair`, which `set` has, kept.
+units::Conversion Keep(const DataSet& set, const Pair& pair);
+
 /// Writes the conversion file of the set of generated units `name` and returns its path.
 std::string WriteConversionFile(const std::string& name);
 std::string ConversionFilePath(const std::string& name);

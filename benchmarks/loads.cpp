@@ -21,10 +21,10 @@ namespace bench {
 
 namespace {
 
-void CountDefinitions(benchmark::State& state, const std::string& set) {
+void CountItems(benchmark::State& state, const std::string& set) {
   std::string digits = set.substr(0, set.find(' '));
   digits.erase(std::remove(digits.begin(), digits.end(), ','), digits.end());
-  state.counters["definitions"] = std::stod(digits);
+  state.counters["items"] = std::stod(digits);
 }
 
 void Load(benchmark::State& state, const std::string& set) {
@@ -40,7 +40,7 @@ void Load(benchmark::State& state, const std::string& set) {
     converter.emplace();  // destroys the old one first
     state.ResumeTiming();
   }
-  CountDefinitions(state, set);
+  CountItems(state, set);
 }
 
 // What TinyXML alone takes for the same text, from its bytes in memory until the tree is gone.
@@ -54,7 +54,7 @@ void Parse(benchmark::State& state, const std::string& set) {
     document.Parse(content.c_str());
     benchmark::DoNotOptimize(document.RootElement());
   }
-  CountDefinitions(state, set);
+  CountItems(state, set);
 }
 
 void ParseMonitors(benchmark::State& state, std::size_t count) {
@@ -64,7 +64,7 @@ void ParseMonitors(benchmark::State& state, std::size_t count) {
     (void)iteration;
     units::parse_monitors(&lines, monitors);
   }
-  state.counters["definitions"] = static_cast<double>(count);
+  state.counters["items"] = static_cast<double>(count);
 }
 
 // Starts a program that does nothing and waits for its end.

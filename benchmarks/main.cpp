@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
   SettleDown();
   bench::RegisterConversions();
   bench::RegisterThreads();
+  bench::RegisterKept();
   bench::RegisterPeers();
   bench::RegisterLoads();
   benchmark::Initialize(&argc, argv);

@@ -54,19 +54,6 @@ void ByName(benchmark::State& state, std::size_t count) {
   }
 }
 
-void Kept(benchmark::State& state, std::size_t count) {
-  std::vector<Converter> converters;
-  for (const Pair& pair : kPairs) {
-    converters.push_back(Find(pair));
-  }
-  std::size_t i = 0;
-  for (auto iteration : state) {
-    (void)iteration;
-    benchmark::DoNotOptimize(cv_convert_double(converters[i].get(), 12.5));
-    i = i + 1 < count ? i + 1 : 0;
-  }
-}
-
 }  // namespace
 
 void RegisterPeers() {
@@ -74,8 +61,6 @@ void RegisterPeers() {
   for (const auto& [which, count] : {std::pair{"hot", std::size_t{1}}, {"mix", kPairs.size()}}) {
     benchmark::RegisterBenchmark(("peer/UDUNITS-2 by name/own/" + std::string(which)).c_str(),
                                  ByName, count);
-    benchmark::RegisterBenchmark(("peer/UDUNITS-2 kept/own/" + std::string(which)).c_str(), Kept,
-                                 count);
   }
 }
 

@@ -22,21 +22,38 @@ void Run(benchmark::State& state, std::vector<Pair> DataSet::*pairs, bool same) 
   }
 }
 
+// Threads that convert by one kept conversion.
+void RunKept(benchmark::State& state, const units::Conversion& conversion) {
+  for (auto iteration : state) {
+    (void)iteration;
+    double value = 12.5;
+    conversion.Convert(value);
+    benchmark::DoNotOptimize(value);
+  }
+}
+
+template <typename Run>
+void Register(const std::string& what, const std::string& units, Run run) {
+  benchmark::RegisterBenchmark(("threads " + what + "/library/shipped/" + units).c_str(), run)
+      ->ThreadRange(1, 4)
+      ->UseRealTime();
+}
+
+void RegisterWays(const std::string& what, std::vector<Pair> DataSet::*pairs) {
+  const DataSet& set = GetDataSet("shipped");
+  Register(what, "one unit", [=](benchmark::State& state) { Run(state, pairs, true); });
+  Register(what, "different units", [=](benchmark::State& state) { Run(state, pairs, false); });
+  Register(what, "one kept",
+           [conversion = Keep(set, (set.*pairs).front())](benchmark::State& state) {
+             RunKept(state, conversion);
+           });
+}
+
 }  // namespace
 
 void RegisterThreads() {
-  GetDataSet("shipped");
-  for (const bool same : {true, false}) {
-    const std::string units = same ? "one unit" : "different units";
-    for (const auto& [what, pairs] : {std::pair{"threads slope-int", &DataSet::slopes},
-                                      std::pair{"threads expression", &DataSet::expressions}}) {
-      const std::string name = what + ("/library/shipped/" + units);
-      benchmark::RegisterBenchmark(
-          name.c_str(), [pairs = pairs, same](benchmark::State& state) { Run(state, pairs, same); })
-          ->ThreadRange(1, 4)
-          ->UseRealTime();
-    }
-  }
+  RegisterWays("slope-int", &DataSet::slopes);
+  RegisterWays("expression", &DataSet::expressions);
 }
 
 }  // namespace bench

@@ -4,11 +4,23 @@ import statistics
 import sys
 from collections import defaultdict
 
-GOALS = {"slope-int": 1.05, "display": 1.10, "expression": 1.15}
+GOALS = {"slope-int": 1.05, "display": 1.10, "expression": 1.25}
+KEPT_GOALS = {
+    "kept slope-int/UDUNITS-2": 1.0,
+    "kept slope-int float/UDUNITS-2": 0.8,
+    "kept array/UDUNITS-2/1,000": 0.45,
+    "kept array/UDUNITS-2/100,000": 0.55,
+    "kept array/UDUNITS-2/10,000,000": 1.1,
+    "kept array/memcpy/100,000": 1.2,
+    "kept array/memcpy/10,000,000": 1.0,
+    "kept display/by name": 0.07,
+    "kept expression/by name": 0.6,
+}
+THREADS_GOAL = 1.9
 
 
 def read(paths):
-    """The nanoseconds of each benchmark's repetitions, per definition where it has many."""
+    """The nanoseconds of each benchmark's repetitions, per item where one call takes many."""
     runs = []
     for path in paths:
         with open(path) as file:
@@ -19,7 +31,7 @@ def read(paths):
             name = run["name"].split("/repeats")[0]
             scale = {"ns": 1, "us": 1e3, "ms": 1e6}[run["time_unit"]]
             time = run["real_time" if "real_time" in name else "cpu_time"]
-            times[name].append(time * scale / run.get("definitions", 1))
+            times[name].append(time * scale / run.get("items", 1))
     return times
 
 
@@ -27,7 +39,7 @@ def ratio_row(label, times, bare, library, goal=None):
     low, high = min(times[bare]), min(times[library])
     medians = statistics.median(times[library]) / statistics.median(times[bare])
     verdict = "" if goal is None else f"  goal {goal:.2f}: {'met' if high <= goal * low else 'missed'}"
-    print(f"{label:40}{low:11.1f}{high:11.1f}{high / low:9.3f}{medians:9.3f}{verdict}")
+    print(f"{label:40}{low:11.2f}{high:11.2f}{high / low:9.3f}{medians:9.3f}{verdict}")
 
 
 def header(title, bare, library):
@@ -44,21 +56,31 @@ def print_calls(times):
                       goal)
 
 
+def print_kept(times):
+    header("ns for a value by a kept conversion", "other", "kept")
+    for name, goal in KEPT_GOALS.items():
+        what, other, *count = name.split("/")
+        ratio_row(" ".join([what[5:], *count]) + ", beside " + other, times, name,
+                  "/".join([what, "library", *count]), goal)
+
+
 def print_peers(times):
     header("ns for a conversion by a peer", "library", "peer")
     for which in ("hot", "mix"):
-        for peer in ("UDUNITS-2 by name", "UDUNITS-2 kept"):
-            ratio_row(f"{peer}, beside display, {which}", times, f"display/library/shipped/{which}",
-                      f"peer/{peer}/own/{which}")
+        ratio_row(f"UDUNITS-2 by name, beside display, {which}", times,
+                  f"display/library/shipped/{which}", f"peer/UDUNITS-2 by name/own/{which}")
 
 
 def print_threads(times):
-    print(f"\n{'ns of wall clock for a conversion':40}{'1 thread':>11}{'2':>11}{'4':>9}")
+    print(f"\n{'ns of wall clock for a conversion':40}{'1 thread':>11}{'2':>11}{'4':>9}{'1 / 2':>9}")
     for name in times:
         if name.startswith("threads") and name.endswith("threads:1"):
             what, _, _, units, *_ = name.split("/")
-            least = [min(times[name[:-1] + count]) for count in "124"]
-            print(f"{what[8:] + ', ' + units:40}{least[0]:11.1f}{least[1]:11.1f}{least[2]:9.1f}")
+            one, two, four = (min(times[name[:-1] + count]) for count in "124")
+            verdict = (f"  goal {THREADS_GOAL:.2f}: {'met' if one >= THREADS_GOAL * two else 'missed'}"
+                       if units == "one kept" else "")
+            print(f"{what[8:] + ', ' + units:40}{one:11.2f}{two:11.2f}{four:9.2f}{one / two:9.2f}"
+                  + verdict)
 
 
 def print_loads(times):
@@ -85,7 +107,7 @@ def print_rest(times):
 
 def main(*paths):
     times = read(paths)
-    for part in (print_calls, print_peers, print_threads, print_loads, print_rest):
+    for part in (print_calls, print_kept, print_peers, print_threads, print_loads, print_rest):
         part(times)
 
 

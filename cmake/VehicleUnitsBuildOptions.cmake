@@ -1,4 +1,5 @@
-# How the project's own code is compiled: vehicle_units_build_options(TARGET).
+# How the project's own code is compiled: vehicle_units_build_options(TARGET), and how its shared
+# libraries are linked: vehicle_units_library(TARGET [PROPERTY VALUE...]).
 function(vehicle_units_build_options target)
   set_target_properties(${target} PROPERTIES
     CXX_EXTENSIONS OFF
@@ -18,4 +19,19 @@ function(vehicle_units_build_options target)
   else()
     target_link_options(${target} PRIVATE -Wl,--no-undefined -Wl,--as-needed)
   endif()
+endfunction()
+
+# The libraries find each other beside themselves, wherever they are installed, and export exactly what
+# their version scripts name.
+function(vehicle_units_library target)
+  vehicle_units_build_options(${target})
+  set(map "${CMAKE_CURRENT_SOURCE_DIR}/${target}.map")
+  set_target_properties(${target} PROPERTIES
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR}
+    INSTALL_RPATH "$ORIGIN"
+    LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib"
+    LINK_DEPENDS "${map}"
+    ${ARGN})
+  target_link_options(${target} PRIVATE "LINKER:--version-script=${map}")
 endfunction()

@@ -4,6 +4,8 @@ include(CMakePackageConfigHelpers)
 
 file(RELATIVE_PATH VEHICLE_UNITS_DATA_FROM_PROGRAM
   "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_DATADIR}/vehicle-units")
+file(RELATIVE_PATH VEHICLE_UNITS_DOCS_FROM_PROGRAM
+  "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_DATADIR}/doc/vehicle-units")
 file(RELATIVE_PATH VEHICLE_UNITS_LIBRARIES_FROM_PROGRAM
   "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
 
@@ -36,6 +38,12 @@ function(vehicle_units_install_package)
   configure_file("${PROJECT_SOURCE_DIR}/cmake/vehicle-units.pc.in" vehicle-units.pc @ONLY)
   install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vehicle-units.pc"
     DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
+  install(FILES
+      "${PROJECT_SOURCE_DIR}/SECURITY.md"
+      "${PROJECT_SOURCE_DIR}/docs/host-guide.md"
+      "${PROJECT_SOURCE_DIR}/docs/how-it-works.md"
+      "${PROJECT_SOURCE_DIR}/docs/performance.md"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/vehicle-units" COMPONENT development)
 endfunction()
 
 function(vehicle_units_install)
@@ -48,6 +56,11 @@ function(vehicle_units_install)
     DESTINATION "${CMAKE_INSTALL_DATADIR}/vehicle-units" COMPONENT data)
 
   if(VEHICLE_UNITS_TOOLS)
+    install(FILES
+        "${PROJECT_SOURCE_DIR}/docs/check-rules.md"
+        "${PROJECT_SOURCE_DIR}/docs/conversions.svg"
+        "${PROJECT_SOURCE_DIR}/docs/data-files.md"
+      DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/vehicle-units" COMPONENT tools)
     install(TARGETS vehicle-units-program RUNTIME COMPONENT tools)
     configure_file("${PROJECT_SOURCE_DIR}/docs/vehicle-units.1.in" vehicle-units.1 @ONLY)
     install(FILES "${CMAKE_CURRENT_BINARY_DIR}/vehicle-units.1"

@@ -8,10 +8,18 @@ set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf)
 set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE armhf)
 
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES VEHICLE_UNITS_SYSROOT)
-set(CMAKE_FIND_ROOT_PATH "${VEHICLE_UNITS_SYSROOT}" /usr/arm-linux-gnueabihf)
+set(CMAKE_FIND_ROOT_PATH "${VEHICLE_UNITS_SYSROOT}" /usr/arm-linux-gnueabihf ${CMAKE_PREFIX_PATH})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# Where the linker finds what the libraries that a host links need themselves.
+foreach(folder usr/lib/arm-linux-gnueabihf usr/lib lib/arm-linux-gnueabihf lib)
+  foreach(kind EXE SHARED)
+    string(APPEND CMAKE_${kind}_LINKER_FLAGS_INIT
+      " -Wl,-rpath-link,\"${VEHICLE_UNITS_SYSROOT}/${folder}\"")
+  endforeach()
+endforeach()
 
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L "${VEHICLE_UNITS_SYSROOT}")

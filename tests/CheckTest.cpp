@@ -1,20 +1,26 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
+#include <map>
 #include <nlohmann/json.hpp>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "Program.h"
+#include "RuleExample.h"
 
 namespace {
 
 using Json = nlohmann::json;
 
 constexpr char kBadData[] = VEHICLE_UNITS_SOURCE "/tests/data/bad/";
+
+std::string NothingInTheDataThatShips() {
+  return "0 errors and 0 warnings in 7 files of " + RealPath(VEHICLE_UNITS_SOURCE "/data") + '\n';
+}
 
 std::vector<std::string> LinesOf(const std::string& text) {
   std::vector<std::string> lines;
@@ -39,72 +45,81 @@ std::vector<std::string> RulesOf(const std::string& output) {
 
 class Check : public Program {
  protected:
-  // Checks a folder of the bad data, named as it stands there.
-  Outcome CheckBad(const std::string& arguments) const {
-    return Run("check --data " + arguments, "",
-               std::string("cd ") + kBadData + " && LC_ALL=C.UTF-8");
+  // Checks the folder with one of each mistake.
+  std::string CheckAll(const std::string& arguments = "") const {
+    return RunIn(kBadData, "check all " + arguments).output;
   }
 
   std::vector<std::string> AllRules() const {
     std::vector<std::string> names;
-    const Json sarif = Json::parse(CheckBad("all --format sarif").output);
+    const Json sarif = Json::parse(CheckAll("--format sarif"));
     for (const Json& rule : sarif["runs"][0]["tool"]["driver"]["rules"]) {
       names.push_back(rule["id"]);
     }
     std::sort(names.begin(), names.end());
+    EXPECT_FALSE(names.empty());
     return names;
   }
 
-  // The rules that are broken by a conversion file with the conversions of the units A and B.
-  std::vector<std::string> BrokenBy(const std::string& aToB, const std::string& bToA) const {
-    folder.Write("UNIT_CONVERSIONS.xml",
-                 "<unit_conversions><fromunit id='A'><tounit id='B'>" + aToB +
-                     "</tounit></fromunit><fromunit id='B'><tounit id='A'>" + bToA +
-                     "</tounit></fromunit></unit_conversions>");
-    return RulesOf(Run("check --data " + folder.Path()).output);
+  // Checks an example in a folder of its own: what is found, without the summary.
+  std::string Found(const RuleExample& example) const {
+    const TempFolder place;
+    example.Write(place);
+    const std::string output =
+        std::regex_replace(RunIn(place.Path(), "check").output, std::regex("\\./"), "");
+    return output.substr(0, output.rfind('\n', output.size() - 2) + 1);
   }
+
+  const std::map<std::string, RuleExample> examples =
+      RuleExample::AllOf(VEHICLE_UNITS_SOURCE "/docs/check-rules.md");
 };
 
 TEST_F(Check, FindsNothingInTheDataThatShips) {
-  ExpectOutput("check --strict --data " VEHICLE_UNITS_SOURCE "/data",
-               "0 errors and 0 warnings in 7 files\n");
+  ExpectOutput("check --strict --data " VEHICLE_UNITS_SOURCE "/data", NothingInTheDataThatShips());
 }
 
-TEST_F(Check, HasForEachRuleItsEntryItsBadDataAndItsFinding) {
-  const std::vector<std::string> rules = AllRules();
-  ASSERT_FALSE(rules.empty());
-  const std::string entries = ReadFile(VEHICLE_UNITS_SOURCE "/docs/check-rules.md");
-  std::vector<std::string> folders;
-  for (const auto& entry : std::filesystem::directory_iterator(kBadData)) {
-    if (entry.is_directory() && entry.path().filename() != "all") {
-      folders.push_back(entry.path().filename());
-    }
+TEST_F(Check, JudgesTheFolderThatIsNamedElseTheCurrentOneIfItHoldsDataElseWhatIsInstalled) {
+  examples.at("zero-scalar").Write(folder);
+  const std::string summary =
+      "\n1 error and 0 warnings in 1 file of " + RealPath(folder.Path()) + '\n';
+  for (const std::string arguments : {"", ".", "--data .", "./"}) {
+    const std::string output = RunIn(folder.Path(), "check " + arguments).output;
+    EXPECT_NE(output.find(summary), std::string::npos) << arguments << '\n' << output;
   }
-  std::sort(folders.begin(), folders.end());
-  EXPECT_EQ(folders, rules);
-  for (const std::string& rule : rules) {
-    EXPECT_NE(entries.find("\n### " + rule + "\n"), std::string::npos) << rule;
-    const Outcome outcome = CheckBad(rule + " --strict");
-    EXPECT_EQ(outcome.status, 1) << rule;
-    EXPECT_EQ(outcome.output, ReadFile(kBadData + rule + ".txt"));
-    const std::vector<std::string> broken = RulesOf(outcome.output);
+  EXPECT_EQ(RunIn("/", "check").output, NothingInTheDataThatShips());
+}
+
+TEST_F(Check, FindsTheMistakeOfEachRuleInItsExampleAndExplainsIt) {
+  for (const std::string& rule : AllRules()) {
+    const RuleExample& example = examples.at(rule);
+    EXPECT_EQ(Found(example), example.Findings());
+    const std::vector<std::string> broken = RulesOf(example.Findings());
     EXPECT_EQ(std::set<std::string>(broken.begin(), broken.end()), std::set<std::string>{rule});
+    const std::string explained = Run("check --explain " + rule).output;
+    EXPECT_EQ(explained.substr(explained.find('\n') + 2), example.Entry());
+  }
+  EXPECT_EQ(Run("check --explain zero-scaler").error,
+            "vehicle-units: unknown rule \"zero-scaler\"; nearest: zero-scalar\n");
+}
+
+TEST_F(Check, FindsWhatEachOfTheCasesSays) {
+  const auto cases = RuleExample::AllOf(VEHICLE_UNITS_SOURCE "/tests/data/check-cases.md");
+  EXPECT_GT(cases.size(), 10U);
+  for (const auto& [name, example] : cases) {
+    EXPECT_EQ(Found(example), example.Findings()) << name;
   }
 }
 
 TEST_F(Check, FindsOneOfEachMistakeWhereThereIsOneOfEach) {
-  const Outcome outcome = CheckBad("all");
-  EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.output, ReadFile(std::string(kBadData) + "all.txt"));
-  std::vector<std::string> broken = RulesOf(outcome.output);
+  std::vector<std::string> broken = RulesOf(CheckAll());
   std::sort(broken.begin(), broken.end());
   EXPECT_EQ(broken, AllRules());
 }
 
 TEST_F(Check, TellsTheSameInEveryFormat) {
-  const std::vector<std::string> lines = LinesOf(CheckBad("all").output);
-  const Json json = Json::parse(CheckBad("all --format json").output);
-  const Json sarif = Json::parse(CheckBad("all --format sarif").output);
+  const std::vector<std::string> lines = LinesOf(CheckAll());
+  const Json json = Json::parse(CheckAll("--format json"));
+  const Json sarif = Json::parse(CheckAll("--format sarif"));
   EXPECT_EQ(sarif["version"], "2.1.0");
   const Json& results = sarif["runs"][0]["results"];
   ASSERT_EQ(json["findings"].size() + 1, lines.size());
@@ -124,49 +139,45 @@ TEST_F(Check, TellsTheSameInEveryFormat) {
     EXPECT_EQ(place["region"]["startLine"], finding["line"]);
     EXPECT_EQ(place["region"]["startColumn"], finding["column"]);
   }
+  const std::string link = json["findings"][0]["help"];
+  const std::string rule = json["findings"][0]["rule"];
+  ASSERT_EQ(link.substr(link.rfind('#') + 1), rule);
+  const std::string linked = ReadFile(link.substr(7, link.rfind('#') - 7));
+  const Json& help =
+      sarif["runs"][0]["tool"]["driver"]["rules"][results[0]["ruleIndex"].get<std::size_t>()];
+  EXPECT_NE(linked.find("\n### " + rule + '\n' + help["help"]["markdown"].get<std::string>()),
+            std::string::npos);
+}
+
+TEST_F(Check, NamesFilesAsUrisInSarif) {
+  folder.Write("a b/UNIT_CONVERSIONS.xml", "<conversions/>");
+  const Json sarif =
+      Json::parse(Run("check --format sarif --data '" + folder.Path("a b") + "'").output);
+  EXPECT_EQ(
+      sarif["runs"][0]["results"][0]["locations"][0]["physicalLocation"]["artifactLocation"]["uri"],
+      "file://" + folder.Path("a%20b") + "/UNIT_CONVERSIONS.xml");
 }
 
 TEST_F(Check, TellsByItsStatusWhatItFound) {
-  EXPECT_EQ(CheckBad("similar-units").status, 0);
-  EXPECT_EQ(CheckBad("similar-units --strict").status, 1);
-  EXPECT_EQ(CheckBad("zero-scalar").status, 1);
-  EXPECT_EQ(CheckBad("unread-file --name X --strict").status, 0) << "of other names there may be";
-  const Outcome missing = CheckBad("missing");
-  EXPECT_EQ(missing.status, 2);
-  EXPECT_EQ(missing.error, "vehicle-units: no such data folder: missing\n");
-  EXPECT_EQ(CheckBad("zero-scalar --name X").error,
-            "vehicle-units: no association files zero-scalar/X*\n");
-  EXPECT_EQ(CheckBad(".").error, "vehicle-units: no data files in ./\n");
-  EXPECT_EQ(CheckBad("zero-scalar --format xml").status, 2);
-  EXPECT_EQ(CheckBad("zero-scalar >/dev/full 2>/dev/null #").status, 2);
-}
-
-TEST_F(Check, KnowsAnInverseFromWhatIsNone) {
-  const auto slope = [](const std::string& scalar, const std::string& offset) {
-    return "<conv type='slope-int' scalar='" + scalar + "' offset='" + offset + "'/>";
+  const auto statusOf = [this](const std::string& rule, const std::string& arguments) {
+    const TempFolder place;
+    examples.at(rule).Write(place);
+    return RunIn(place.Path(), "check " + arguments).status;
   };
-  const auto expression = [](const std::string& text) { return "<conv to_float='" + text + "'/>"; };
-  const std::string celsius = slope("0.55555555555555556", "-17.777777777777778");
-  const std::vector<std::string> none;
-  const std::vector<std::string> inverse{"not-inverse"};
-  const std::vector<std::string> finite{"expression-not-finite"};
-  EXPECT_EQ(BrokenBy(slope("1.8", "32"), celsius), none);
-  EXPECT_EQ(BrokenBy(slope("1.80001", "32"), celsius), inverse);
-  EXPECT_EQ(BrokenBy(slope("1.8", "32.0001"), celsius), inverse);
-  EXPECT_EQ(BrokenBy(slope("1.8", "0"), slope("0.5555555556", "0")), none);
-  EXPECT_EQ(BrokenBy(expression("100 / val"), expression("100 / val")), none);
-  EXPECT_EQ(BrokenBy(expression("abs(val)"), expression("val")), inverse);
-  EXPECT_EQ(BrokenBy(expression("val"), expression("abs(val)")), inverse);
-  EXPECT_EQ(BrokenBy(expression("val &gt; 1e5 ? 1e5 : val"), expression("val")), inverse);
-  EXPECT_EQ(
-      BrokenBy(expression("val ^ 3"), expression("val &lt; 0 ? -(-val) ^ (1 / 3) : val ^ (1 / 3)")),
-      none);
-  EXPECT_EQ(BrokenBy(expression("sqrt(val)"), expression("val ^ 2")),
-            (std::vector<std::string>{"expression-not-finite", "not-inverse"}));
-  EXPECT_EQ(BrokenBy(expression("val &gt; 1e6 ? 1 / 0 : 1.1 * val"), expression("val")),
-            (std::vector<std::string>{"expression-not-finite", "not-inverse"}));
-  EXPECT_EQ(BrokenBy(expression("ln(val)"), expression("val")),
-            (std::vector<std::string>{"expression-not-finite", "not-inverse"}));
+  EXPECT_EQ(statusOf("similar-units", ""), 0);
+  EXPECT_EQ(statusOf("similar-units", "--strict"), 1);
+  EXPECT_EQ(statusOf("zero-scalar", ""), 1);
+  EXPECT_EQ(statusOf("zero-scalar", ">/dev/full 2>/dev/null #"), 2);
+  EXPECT_EQ(statusOf("unread-file", "--name X --strict"), 0) << "of other names there may be";
+  for (const auto& [arguments, error] : std::map<std::string, std::string>{
+           {"missing", "no such data folder: missing"},
+           {"all --name Y", "no association files all/Y*"},
+           {".", "no data files in ./"},
+       }) {
+    const Outcome outcome = RunIn(kBadData, "check " + arguments);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.error, "vehicle-units: " + error + '\n');
+  }
 }
 
 TEST_F(Check, BlamesTheConversionThatSpoilsMostLoops) {
@@ -192,25 +203,6 @@ TEST_F(Check, BlamesTheConversionThatSpoilsMostLoops) {
   const std::vector<std::string> lines = LinesOf(Run("check --data " + folder.Path()).output);
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_NE(lines[0].find(R"("U1" into "U2" does not fit)"), std::string::npos) << lines[0];
-}
-
-TEST_F(Check, SurvivesIncludesThatMultiply) {
-  const std::string start = "<unit_associations>";
-  const std::string end = "</unit_associations>";
-  const auto include = [](int i) { return "<include>F" + std::to_string(i) + ".xml</include>"; };
-  for (int i = 0; i < 40; ++i) {
-    std::string text = start;
-    text.append(include(i + 1)).append(include(i + 1)).append(end);
-    folder.Write("F" + std::to_string(i) + ".xml", text);
-  }
-  folder.Write("F40.xml", start + end);
-  for (const char* file : {"X_UNIT_ASSOCIATIONS_STD.xml", "X_UNIT_ASSOCIATIONS_STD_UK.xml",
-                           "X_UNIT_ASSOCIATIONS_METRIC.xml", "X_UNIT_ASSOCIATIONS_GREEK.xml"}) {
-    folder.Write(file, std::string(start).append(include(0)).append(end));
-  }
-  folder.Write("UNIT_CONVERSIONS.xml", "<unit_conversions/>");
-  const std::vector<std::string> broken = RulesOf(Run("check --data " + folder.Path()).output);
-  EXPECT_EQ(broken, std::vector<std::string>(4, "not-loaded"));
 }
 
 TEST_F(Check, DrawsTheConversionsWithWhatIsFound) {

@@ -1,238 +1,156 @@
 #include <gtest/gtest.h>
+#include <tinyxml.h>
 
+#include <filesystem>
 #include <string>
+#include <tuple>
 #include <utility>
-#include <vector>
 
 #include "TempFolder.h"
 #include "units/DataUnitToDisplayUnitConverter.h"
 
 namespace {
 
+using units::DataUnitToDisplayUnitConverter;
+
+// In a folder of its own, which is the current one.
 class DisplayUnits : public testing::Test {
  protected:
-  DisplayUnits() { display.SetXMLFilePath(folder.Path()); }
+  DisplayUnits() { std::filesystem::current_path(folder.Path()); }
+  ~DisplayUnits() override { std::filesystem::current_path(before); }
 
-  std::string Write(const std::string& name, const std::string& children) const {
-    return folder.Write(name, "<unit_associations>" + children + "</unit_associations>");
+  void Write(const std::string& name, const std::string& children) const {
+    folder.Write(name, "<unit_associations>" + children + "</unit_associations>");
+  }
+  bool Load(units::unitTypes_e type = units::UNIT_TYPE_STD) {
+    return display.RecursiveLoad("f.xml", type, error);
+  }
+  std::string Labels() const {
+    return display.GetActiveLabelForUnit("A") + ' ' + display.GetActiveLabelForUnit("B") + ' ' +
+           display.GetActiveLabelForUnit("C");
   }
 
-  // Writes the association file of a system that shows A as `label`.
-  void WriteSystem(const std::string& suffix, const std::string& label) const {
-    Write("CAR_UNIT_ASSOCIATIONS" + suffix, "<unitassoc id='A' tounit='" + label + "'/>");
-  }
-
-  bool LoadSystems() { return display.ReadAndParseXMLAssociations("CAR", error); }
-
-  bool Load(const std::string& name) {
-    return display.RecursiveLoad(folder.Path(name), units::UNIT_TYPE_STD, error);
-  }
-
-  std::string LabelIn(units::unitTypes_e type, const std::string& unit = "A") {
-    display.SetUnitType(type);
-    return display.GetActiveLabelForUnit(unit);
-  }
-
+  const std::filesystem::path before = std::filesystem::current_path();
   TempFolder folder;
-  units::DataUnitToDisplayUnitConverter display;
+  DataUnitToDisplayUnitConverter display;
   std::string error;
 };
 
-TEST_F(DisplayUnits, AFreshConverterShowsEverythingAsItIs) {
-  const units::DataUnitToDisplayUnitConverter fresh;
-  double value = 1;
-  fresh.ConvertUnit("A", value);
-  fresh.UnConvertUnit("A", value);
-  EXPECT_EQ(value, 1);
-  EXPECT_EQ(fresh.GetActiveLabelForUnit("A"), "A");
-  EXPECT_TRUE(fresh.IsStdUnits());
-  EXPECT_FALSE(fresh.IsMetricUnits());
-}
-
-TEST_F(DisplayUnits, EachSystemHasItsOwnLabelValueAndKind) {
+TEST_F(DisplayUnits, FindsWhatItConvertsByThereAndBack) {
   folder.Write("UNIT_CONVERSIONS.xml",
-               "<unit_conversions><fromunit id='A'>"
-               "<tounit id='s'><conv type='slope-int' scalar='1.8' offset='32'/></tounit>"
-               "<tounit id='m'><conv to_float='val * 3'/></tounit></fromunit>"
-               "<fromunit id='s'><tounit id='A'><conv to_float='(val - 32) / 1.8'/></tounit>"
-               "</fromunit></unit_conversions>");
-  WriteSystem("_STD.xml", "s");
-  WriteSystem("_STD_UK.xml", "no such unit");
-  WriteSystem("_METRIC.xml", "m");
-  WriteSystem("_GREEK.xml", "A");
-  display.SetXMLFilePath(folder.Path());
-  ASSERT_TRUE(LoadSystems());
-  struct Case {
-    units::unitTypes_e type;
-    const char* label;
-    double shown;
-    double back;
-    bool std;
-  };
-  for (const auto& [type, label, shown, back, std] :
-       {Case{units::UNIT_TYPE_STD, "s", 212, 100, true},
-        Case{units::UNIT_TYPE_STD_UK, "no such unit", 100, 100, true},
-        Case{units::UNIT_TYPE_METRIC, "m", 300, 300, false},
-        Case{units::UNIT_TYPE_GREEK, "A", 100, 100, false}}) {
-    EXPECT_EQ(LabelIn(type), label);
-    double value = 100;
-    display.ConvertUnit("A", value);
-    EXPECT_EQ(value, shown) << label;
-    display.UnConvertUnit("A", value);
-    EXPECT_EQ(value, back) << label;
+               "<unit_conversions><fromunit id='A'><tounit id='F'><conv to_float='val + 7'/>"
+               "</tounit></fromunit><fromunit id='F'><tounit id='A'><conv to_float='val - 7'/>"
+               "</tounit></fromunit><fromunit id='B'><tounit id='one way'>"
+               "<conv to_float='val * 3'/></tounit></fromunit></unit_conversions>");
+  display.SetXMLFilePath("");
+  Write("f.xml",
+        "<unitassoc id='A' tounit='F'/><unitassoc id='B' tounit='one way'/>"
+        "<unitassoc id='AA' tounit='AA'/><unitassoc id='C' tounit='no such unit'/>");
+  ASSERT_TRUE(Load());
+  std::string found;
+  for (const auto& [unit, shown, back] :
+       {std::tuple("A", 107, 100), std::tuple("AA", 100, 100), std::tuple("B", 300, 300),
+        std::tuple("C", 100, 100), std::tuple("D", 100, 100)}) {
+    const auto by = display.FindDisplay(unit);
+    found += by.label + (by.toDisplay ? ">" : "") + (by.toData ? "< " : " ");
     float single = 100;
-    display.ConvertUnit("A", single);
-    EXPECT_EQ(single, static_cast<float>(shown)) << label;
-    EXPECT_EQ(display.IsStdUnits(), std) << label;
-    EXPECT_EQ(display.IsMetricUnits(), !std) << label;
+    display.ConvertUnit(unit, single);
+    EXPECT_EQ(single, shown) << unit;
+    by.toDisplay.Convert(single = 100);
+    EXPECT_EQ(single, shown) << unit;
+    double value = shown;
+    display.UnConvertUnit(unit, value);
+    EXPECT_EQ(value, back) << unit;
+    by.toData.Convert(value = shown);
+    EXPECT_EQ(value, back) << unit;
   }
+  EXPECT_EQ(found, "F>< AA>< one way> no such unit D ");
 }
 
 TEST_F(DisplayUnits, OnlyTheFourSystemsCanBeChosenAndLoaded) {
-  display.SetStdUnits(false);
+  display.SetUnitType(units::UNIT_TYPE_STD_UK);
+  EXPECT_TRUE(display.IsStdUnits());
+  EXPECT_FALSE(display.IsMetricUnits());
+  display.SetUnitType(units::UNIT_TYPE_GREEK);
+  EXPECT_FALSE(display.IsStdUnits());
+  EXPECT_TRUE(display.IsMetricUnits());
   Write("f.xml", "<unitassoc id='A' tounit='B'/>");
-  ASSERT_TRUE(display.RecursiveLoad(folder.Path("f.xml"), units::UNIT_TYPE_METRIC, error));
-  for (const int value : {-1, 4, 1000}) {
-    const auto type = static_cast<units::unitTypes_e>(value);
-    EXPECT_EQ(LabelIn(type), "B") << "still metric after " << value;
-    EXPECT_FALSE(display.RecursiveLoad(folder.Path("f.xml"), type, error));
+  EXPECT_TRUE(Load(units::UNIT_TYPE_METRIC));
+  display.SetStdUnits(false);
+  for (const int value : {-1, 4}) {
+    const auto none = static_cast<units::unitTypes_e>(value);
+    display.SetUnitType(none);
+    EXPECT_EQ(Labels(), "B B C") << "still metric";
+    EXPECT_FALSE(Load(none));
   }
   display.SetStdUnits(true);
-  EXPECT_EQ(display.GetActiveLabelForUnit("A"), "A");
+  EXPECT_EQ(Labels(), "A B C");
 }
 
 TEST_F(DisplayUnits, LoadsTheSystemsInOrderAndStopsAtTheFirstThatFails) {
-  const std::vector<std::pair<std::string, units::unitTypes_e>> order{
-      {"_STD.xml", units::UNIT_TYPE_STD},
-      {"_STD_UK.xml", units::UNIT_TYPE_STD_UK},
-      {"_METRIC.xml", units::UNIT_TYPE_METRIC},
-      {"_GREEK.xml", units::UNIT_TYPE_GREEK}};
-  for (std::size_t missing = 0; missing < order.size(); ++missing) {
-    const TempFolder partial;
-    units::DataUnitToDisplayUnitConverter converter;
-    converter.SetXMLFilePath(partial.Path());
-    for (std::size_t i = 0; i < order.size(); ++i) {
-      if (i != missing) {
-        partial.Write("CAR_UNIT_ASSOCIATIONS" + order[i].first,
-                      "<unit_associations><unitassoc id='A' tounit='B'/></unit_associations>");
-      }
-    }
-    EXPECT_FALSE(converter.ReadAndParseXMLAssociations("CAR", error));
-    for (std::size_t i = 0; i < order.size(); ++i) {
-      converter.SetUnitType(order[i].second);
-      EXPECT_EQ(converter.GetActiveLabelForUnit("A"), i < missing ? "B" : "A")
-          << order[i].first << " without " << order[missing].first;
-    }
+  std::string files[] = {"STD", "STD_UK", "METRIC", "GREEK"};
+  for (std::string& file : files) {
+    file.insert(0, "CAR_UNIT_ASSOCIATIONS_").append(".xml");
+    Write(file, "<unitassoc/>");
   }
-  EXPECT_EQ(error, "");
-  EXPECT_TRUE(display.LoadTunerMetricUnits("", error));
+  std::string lines;
+  for (const std::string& missing : files) {
+    std::filesystem::remove(missing);
+    error.clear();
+    EXPECT_FALSE(display.ReadAndParseXMLAssociations("CAR", error));
+    EXPECT_EQ(error, lines);
+    Write(missing, "<unitassoc/>");
+    lines.append(missing).append(":1:20: <unitassoc> lacks the tag \"id\"\n");
+  }
 }
 
-TEST_F(DisplayUnits, IncludesAreNamedFromTheFilePathNotFromTheirIncluder) {
-  Write("sub/f.xml", "<include>common/x.xml</include>");
-  Write("common/x.xml", "<unitassoc id='A' tounit='B'/>");
-  EXPECT_TRUE(Load("sub/f.xml"));
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD), "B");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_GREEK), "A") << "in the system loaded only";
-}
-
-TEST_F(DisplayUnits, OwnAssociationsOverrideIncludedOnesWhereverTheIncludeStands) {
+TEST_F(DisplayUnits, IncludesAreReadFirstInTheirOrderAndNamedFromTheFilePath) {
+  Write("sub/one.xml", "<include>common/x.xml</include><unitassoc id='B' tounit='one'/>");
+  Write("two.xml",
+        "<include>common/x.xml</include><unitassoc id='A' tounit='two'/>"
+        "<unitassoc id='B' tounit='two'/><unitassoc id='C' tounit='two'/>");
+  Write("common/x.xml", "<unitassoc id='C' tounit='x'/>");
   Write("f.xml",
-        "<unitassoc id='A' tounit='own'/><include>one.xml</include><other/>"
-        "<include>two.xml</include>");
-  Write("one.xml", "<unitassoc id='A' tounit='one'/><unitassoc id='B' tounit='one'/>");
-  Write("two.xml", "<unitassoc id='A' tounit='two'/><unitassoc id='B' tounit='two'/>");
-  EXPECT_TRUE(Load("f.xml"));
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "A"), "own");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "B"), "two");
-}
-
-TEST_F(DisplayUnits, ARepeatedAssociationReplacesTheFieldsThatItGives) {
+        "<unitassoc id='A' tounit='own'/><include>sub/one.xml</include><other/>"
+        "<include>two.xml</include><include>sub/one.xml</include>");
+  EXPECT_TRUE(Load());
+  EXPECT_EQ(Labels(), "own one x");
   Write("f.xml",
-        "<unitassoc id='A' tounit='B'/><unitassoc id='A' fromunit='X'/>"
-        "<unitassoc id='A'><tounit/></unitassoc>"
-        "<unitassoc id='C' tounit='D'/><unitassoc id='C' tounit=''><tounit>E</tounit></unitassoc>"
-        "<unitassoc id='F'><tounit>G</tounit></unitassoc>");
-  EXPECT_TRUE(Load("f.xml"));
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "A"), "B");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "C"), "");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "F"), "G");
-  Write("f.xml", "<unitassoc id='A' tounit='new'/>");
-  EXPECT_TRUE(Load("f.xml"));
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "A"), "new");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "F"), "G") << "no longer in the file, still in the store";
-}
-
-TEST_F(DisplayUnits, AnIncludeThatCannotBeReadFailsItsIncluderInSilence) {
-  Write("f.xml",
-        "<include>one.xml</include><include>missing.xml</include><include>two.xml</include>"
+        "<include>two.xml</include><include>missing.xml</include><include>sub/one.xml</include>"
         "<unitassoc id='A' tounit='own'/>");
-  Write("one.xml", "<unitassoc id='B' tounit='one'/>");
-  Write("two.xml", "<unitassoc id='B' tounit='two'/>");
-  EXPECT_FALSE(Load("f.xml"));
-  EXPECT_EQ(error, "");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "A"), "A");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD, "B"), "one");
+  EXPECT_FALSE(Load());
+  EXPECT_EQ(Labels(), "two two two") << "up to the missing one";
+  folder.Write("f.xml", "<other><unitassoc id='A' tounit='B'/><include/></other>");
+  EXPECT_TRUE(Load());
+  EXPECT_EQ(Labels() + error, "two two two");
 }
 
-TEST_F(DisplayUnits, AnIncludeWithoutTextFailsWithOneLine) {
-  Write("f.xml", "\n <include/><unitassoc id='A' tounit='B'/>");
-  EXPECT_FALSE(Load("f.xml"));
-  EXPECT_EQ(error, folder.Path("f.xml") + ":2:2: <include> names no file\n");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD), "A");
+TEST_F(DisplayUnits, AnIncludeThatCannotBeFollowedFailsWithOneLine) {
+  Write("b.xml", "<include>c.xml</include>");
+  Write("c.xml", "<unitassoc id='A' tounit='B'/><include>b.xml</include>");
+  for (const auto& [text, line] :
+       {std::pair("\n <include/>", "f.xml:2:2: <include> names no file\n"),
+        {"<include><![CDATA[]]></include>", "f.xml:1:20: <include> names no file\n"},
+        {"<include>f.xml</include>", "f.xml:1:20: include cycle: f.xml -> f.xml\n"},
+        {"<include>b.xml</include>",
+         "c.xml:1:50: include cycle: f.xml -> b.xml -> c.xml -> b.xml\n"}}) {
+    Write("f.xml", std::string(text) + "<unitassoc id='A' tounit='B'/>");
+    error.clear();
+    EXPECT_FALSE(Load());
+    EXPECT_EQ(error, line);
+    EXPECT_EQ(Labels(), "A B C");
+  }
 }
 
-TEST_F(DisplayUnits, IncludeCyclesFailWithOneLineThatNamesTheChain) {
-  Write("1.xml", "<include>1.xml</include>");
-  Write("2a.xml", "<include>2b.xml</include>");
-  Write("2b.xml", "<include>2a.xml</include>");
-  Write("3a.xml", "<include>3b.xml</include>");
-  Write("3b.xml", "<include>3c.xml</include>");
-  Write("3c.xml", "<unitassoc id='A' tounit='B'/><include>3a.xml</include>");
-  const std::string at = folder.Path();
-  EXPECT_FALSE(Load("1.xml"));
-  EXPECT_FALSE(Load("2a.xml"));
-  EXPECT_FALSE(Load("3a.xml"));
-  EXPECT_EQ(error, at + "1.xml:1:20: include cycle: " + at + "1.xml -> " + at + "1.xml\n" +  //
-                       at + "2b.xml:1:20: include cycle: " + at + "2a.xml -> " + at + "2b.xml -> " +
-                       at + "2a.xml\n" +  //
-                       at + "3c.xml:1:50: include cycle: " + at + "3a.xml -> " + at + "3b.xml -> " +
-                       at + "3c.xml -> " + at + "3a.xml\n");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD), "A");
-}
-
-TEST_F(DisplayUnits, AFileIncludedTwiceWithoutACycleIsReadTwice) {
-  Write("f.xml",
-        "<include>one.xml</include><include>other.xml</include><include>one.xml</include>");
-  Write("one.xml", "<unitassoc id='A' tounit='one'/>");
-  Write("other.xml", "<include>one.xml</include><unitassoc id='A' tounit='other'/>");
-  EXPECT_TRUE(Load("f.xml"));
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD), "one");
-}
-
-TEST_F(DisplayUnits, AFileThatIsNoAssociationFileLoadsNothing) {
-  folder.Write("text", "no XML");
-  folder.Write("root.xml", "<other><include>missing</include></other>");
-  folder.Write("broken.xml", "<unit_associations><unitassoc id='A' tounit='B'/><unitassoc id=");
-  folder.Write("empty", "");
-  EXPECT_TRUE(Load("text"));
-  EXPECT_TRUE(Load("root.xml"));
-  EXPECT_TRUE(Load("broken.xml"));
-  EXPECT_FALSE(Load("empty"));
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD), "B") << "what the parser could deliver";
-}
-
-TEST_F(DisplayUnits, AnAssociationWithoutIdentifierIsToldAndSkipped) {
-  Write("f.xml", "<unitassoc tounit='B'/><unitassoc id='A' tounit='C'/>");
-  EXPECT_TRUE(Load("f.xml"));
-  EXPECT_EQ(error, folder.Path("f.xml") + ":1:20: <unitassoc> lacks the tag \"id\"\n");
-  EXPECT_EQ(LabelIn(units::UNIT_TYPE_STD), "C");
-}
-
-TEST(UnitAssociation, WithoutAnElementReadsNothing) {
-  units::DataUnitToDisplayUnitConverter::UnitAssociation association;
+TEST(UnitAssociation, KeepsTheSourceUnit) {
+  TiXmlElement element("unitassoc");
+  element.SetAttribute("fromunit", "A");
+  DataUnitToDisplayUnitConverter::UnitAssociation association;
+  association.SetObjId("A");
   std::string error;
   EXPECT_EQ(association.DoRead(nullptr, error, false), 1);
+  EXPECT_EQ(association.DoRead(&element, error, false), 0);
+  EXPECT_EQ(association.fromUnit, "A");
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include <climits>
 #include <cmath>
-#include <limits>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -13,139 +13,72 @@
 
 namespace {
 
-constexpr float kNan = std::numeric_limits<float>::quiet_NaN();
+using units::ConvMonitor;
+using Trigger = std::pair<float, bool>;
 
 TEST(ConvMonitor, SwapsLimitsInTheWrongOrderAndKeepsTheThresholdAsGiven) {
-  const units::ConvMonitor swapped(0, "title", "units", 30, -15, 1);
+  const ConvMonitor swapped(0, "title", "units", 30, -15, 1);
   EXPECT_EQ(swapped.GetMin(), -15);
   EXPECT_EQ(swapped.GetMax(), 30);
   EXPECT_TRUE(swapped.IsMinMaxInverted());
-  EXPECT_EQ(swapped.GetTriggerVal(), std::make_pair(30.0F, false));
-
-  const units::ConvMonitor equal(0, "title", "units", 1, 1, 1);
-  EXPECT_FALSE(equal.IsMinMaxInverted());
-  EXPECT_EQ(equal.GetTriggerVal(), std::make_pair(1.0F, false));
-
-  for (const auto& [min, max] : {std::pair(kNan, -1.0F), std::pair(1.0F, kNan)}) {
-    const units::ConvMonitor monitor(0, "title", "units", min, max, 1);
-    EXPECT_FALSE(monitor.IsMinMaxInverted());
-    EXPECT_EQ(std::isnan(monitor.GetMin()), std::isnan(min));
+  EXPECT_EQ(swapped.GetTriggerVal(), Trigger(30, false));
+  for (const auto& [min, max] : {std::pair(1.0F, 1.0F), {NAN, -1.0F}, {1.0F, NAN}}) {
+    EXPECT_FALSE(ConvMonitor(0, "title", "units", min, max, 1).IsMinMaxInverted());
   }
 }
 
 TEST(ConvMonitor, NamesTheFormatOfItsPrecision) {
   for (const auto& [precision, format] :
-       {std::pair(0, "%.0f"), std::pair(1, "%.1f"), std::pair(2, "%.2f"), std::pair(3, "%.3f"),
-        std::pair(7, "%.3f"), std::pair(-1, "%.3f")}) {
-    const units::ConvMonitor monitor(0, "title", "units", 0, 1, precision);
-    EXPECT_STREQ(monitor.GetPrecisionStr(), format);
-    EXPECT_EQ(monitor.GetPrecision(), precision);
+       {std::pair(0, "%.0f"), {1, "%.1f"}, {2, "%.2f"}, {3, "%.3f"}, {4, "%.3f"}, {-1, "%.3f"}}) {
+    EXPECT_STREQ(ConvMonitor(0, "title", "units", 0, 1, precision).GetPrecisionStr(), format);
   }
 }
 
-TEST(ConvMonitor, KeepsWhatItsSettersAreGiven) {
-  units::ConvMonitor monitor(0, "title", "units", 0, 1, 0);
-  EXPECT_STREQ(monitor.GetName(), "");
-  EXPECT_STREQ(monitor.GetUnits(), "units");
-  EXPECT_EQ(monitor.GetValue(), 0);
+TEST(ConvMonitor, ClearsAllOfItsTriggerButTheStatus) {
+  ConvMonitor monitor(0, "title", "units", 1, 2, 0);
   EXPECT_FALSE(monitor.GetTriggerActiveStatus());
-  EXPECT_EQ(monitor.GetComparisonOperation(), "");
-  monitor.SetName("name");
-  monitor.SetValue(1000);
   monitor.SetTriggerActiveStatus(true);
-  monitor.SetTriggerSummary("summary");
-  monitor.SetComparisonOperation("any text");
-  EXPECT_STREQ(monitor.GetName(), "name");
-  EXPECT_EQ(monitor.GetValue(), 1000);
-  EXPECT_EQ(monitor.GetComparisonOperation(), "any text");
-
+  monitor.SetComparisonOperation(ConvMonitor::COMPARISON_GT);
   monitor.SetTriggerVal(5);
-  EXPECT_EQ(monitor.GetTriggerVal(), std::make_pair(5.0F, true));
+  EXPECT_EQ(monitor.GetTriggerVal(), Trigger(5, true));
+  EXPECT_EQ(monitor.GetComparisonOperation(), "GT");
   monitor.ClearTriggerVals();
-  EXPECT_EQ(monitor.GetTriggerVal(), std::make_pair(0.0F, false));
+  EXPECT_EQ(monitor.GetTriggerVal(), Trigger(0, false));
   EXPECT_EQ(monitor.GetComparisonOperation(), "");
   EXPECT_TRUE(monitor.GetTriggerActiveStatus());
-
-  monitor = units::ConvMonitor(0, "title", "other", 0, 1, 0);
-  EXPECT_STREQ(units::ConvMonitor(monitor).GetUnits(), "other");
+  EXPECT_EQ(ConvMonitor::COMPARISON_LT + ConvMonitor::COMPARISON_EQ, "LTEQ");
 }
 
-TEST(ConvMonitor, NamesTheComparisonOperations) {
-  EXPECT_EQ(units::ConvMonitor::COMPARISON_GT, "GT");
-  EXPECT_EQ(units::ConvMonitor::COMPARISON_LT, "LT");
-  EXPECT_EQ(units::ConvMonitor::COMPARISON_EQ, "EQ");
-}
-
-using Monitors = std::vector<std::shared_ptr<units::ConvMonitor>>;
-
-Monitors Parse(const std::vector<std::vector<std::string>>& lines) {
-  std::vector<LineItem> items;
-  for (const auto& fields : lines) {
-    items.push_back({7, fields});
-  }
-  Monitors monitors{nullptr, nullptr, nullptr};
-  units::parse_monitors(&items, monitors);
-  return monitors;
-}
-
-TEST(ParseMonitors, SkipsLinesThatLackAFieldOrHaveItBlank) {
-  for (const auto& fields : std::vector<std::vector<std::string>>{
-           {},
-           {" ", "u", "0", "1"},
-           {"t"},
-           {"t", "u"},
-           {"t", "u", " ", "1"},
-           {"t", "u", "0"},
-           {"t", "u", "0", " "},
-       }) {
-    EXPECT_TRUE(Parse({fields}).empty()) << testing::PrintToString(fields);
-  }
-}
-
-TEST(ParseMonitors, ReadsUsableLines) {
-  struct Case {
-    std::vector<std::string> fields;
-    const char* units;
-    float min;
-    float max;
-    int precision;
-  };
-  for (const Case& line : std::vector<Case>{
-           {{"t", "u", "0", "100"}, "u", 0, 100, 0},
-           {{"t", "u", "-1.5", "+2e2", "2", "ignored"}, "u", -1.5F, 200, 2},
-           {{"", " ", "0", "1", " "}, "", 0, 1, 0},
-           {{"  ", "", "", "  ", ""}, "", 0, 0, 0},
-           {{"t", "  ", "\t3kg", "4,5", "2.9"}, "  ", 3, 4, 2},
-           {{"t", "u", "100", "0", "-1"}, "u", 0, 100, -1},
-           {{"t", "u", "abc", "1e999", "abc"}, "u", 0, HUGE_VALF, 0},
-           {{"t", "u", "0", "1", "2147483647"}, "u", 0, 1, INT_MAX},
-           {{"t", "u", "0", "1", "2147483648"}, "u", 0, 1, INT_MAX},
-           {{"t", "u", "0", "1", "-2147483649"}, "u", 0, 1, INT_MIN},
-           {{"t", "u", "0", "1", "99999999999999999999"}, "u", 0, 1, INT_MAX},
-       }) {
-    const Monitors monitors = Parse({line.fields});
-    ASSERT_EQ(monitors.size(), 1U) << testing::PrintToString(line.fields);
-    EXPECT_EQ(monitors[0]->GetUnits(), std::string(line.units));
-    EXPECT_EQ(monitors[0]->GetMin(), line.min) << testing::PrintToString(line.fields);
-    EXPECT_EQ(monitors[0]->GetMax(), line.max) << testing::PrintToString(line.fields);
-    EXPECT_EQ(monitors[0]->GetPrecision(), line.precision) << testing::PrintToString(line.fields);
-  }
-}
-
-TEST(ParseMonitors, KeepsTheOrderOfTheUsableLines) {
-  const Monitors monitors = Parse({{}, {"t", "a", "1", "0"}, {"t"}, {"t", "b", "0", "1"}});
-  ASSERT_EQ(monitors.size(), 2U);
-  EXPECT_STREQ(monitors[0]->GetUnits(), "a");
-  EXPECT_TRUE(monitors[0]->IsMinMaxInverted());
-  EXPECT_STREQ(monitors[1]->GetUnits(), "b");
-}
-
-TEST(ParseMonitors, WithoutLinesLeavesTheListAlone) {
-  Monitors monitors(3);
-  std::vector<LineItem> none;
+TEST(ParseMonitors, MakesAMonitorOfEachUsableLineInTheirOrder) {
+  using Monitor = std::tuple<std::string, float, float, int>;  // units, limits, precision
+  std::vector<std::shared_ptr<ConvMonitor>> monitors(3);
+  std::vector<LineItem> lines;
   units::parse_monitors(nullptr, monitors);
-  units::parse_monitors(&none, monitors);
-  EXPECT_EQ(monitors.size(), 3U);
+  units::parse_monitors(&lines, monitors);
+  EXPECT_EQ(monitors.size(), 3U) << "without lines the list is left alone";
+  using Case = std::pair<std::vector<std::string>, std::vector<Monitor>>;
+  std::vector<Monitor> expected;
+  for (const auto& [fields, made] :
+       {Case{{}, {}}, Case{{" ", "u", "0", "1"}, {}}, Case{{"t", "u", " ", "1"}, {}},
+        Case{{"t", "u", "0"}, {}}, Case{{"t", "u", "0", " "}, {}},
+        Case{{"t", "u", "-1.5", "+2e2", "2", "ignored"}, {{"u", -1.5F, 200, 2}}},
+        Case{{"", " ", "0", "1", " "}, {{"", 0, 1, 0}}},
+        Case{{"  ", "", "", "  ", ""}, {{"", 0, 0, 0}}},
+        Case{{"t", "  ", "\t3kg", "4,5"}, {{"  ", 3, 4, 0}}},
+        Case{{"t", "u", "100", "abc", "-2.9"}, {{"u", 0, 100, -2}}},
+        Case{{"t", "u", "0", "1e999", "010"}, {{"u", 0, HUGE_VALF, 10}}},
+        Case{{"t", "u", "0", "1", "2147483648"}, {{"u", 0, 1, INT_MAX}}},
+        Case{{"t", "u", "0", "1", "-99999999999999999999"}, {{"u", 0, 1, INT_MIN}}}}) {
+    lines.push_back({7, fields});
+    expected.insert(expected.end(), made.begin(), made.end());
+  }
+  units::parse_monitors(&lines, monitors);
+  std::vector<Monitor> made;
+  for (const auto& monitor : monitors) {
+    made.emplace_back(monitor->GetUnits(), monitor->GetMin(), monitor->GetMax(),
+                      monitor->GetPrecision());
+  }
+  EXPECT_EQ(made, expected);
 }
 
 }  // namespace

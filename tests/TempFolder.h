@@ -5,7 +5,17 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
+
+/// The bytes of the file at `path`, which must be there.
+inline std::string ReadFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file) << path;
+  std::ostringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
 
 /// An empty folder that is gone with its object.
 class TempFolder {

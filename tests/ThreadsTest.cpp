@@ -5,64 +5,30 @@
 #include <thread>
 #include <vector>
 
-#include "TempFolder.h"
 #include "units/DataUnitToDisplayUnitConverter.h"
 
 namespace {
 
-constexpr int kThreads = 8;
-constexpr int kUses = 1000000 / kThreads;
-
-// One use of `display` and whether it gave what it should: the `i`-th, each kind in turn.
-bool Use(const units::DataUnitToDisplayUnitConverter& display, int i) {
-  double value = i;
-  auto single = static_cast<float>(i % 4096);
-  const float before = single;
-  switch (i % 6) {
-    case 0:
-      display.ConvertUnit("SLOPE", value);
-      return value == 2.0 * i + 1;
-    case 1:
-      display.ConvertUnit("SLOPE", single);
-      return single == 2 * before + 1;
-    case 2:
-      display.ConvertUnit("EXPRESSION", value);
-      return value == static_cast<double>(i) * i + 3;
-    case 3:
-      display.UnConvertUnit("EXPRESSION", value);
-      return value == static_cast<double>(i) / 4;
-    case 4:
-      display.ConvertUnit("BROKEN", value);
-      return value == i;
-    default:
-      return display.GetActiveLabelForUnit("SLOPE") == "S" &&
-             display.GetActiveLabelForUnit("none") == "none";
-  }
-}
-
-TEST(Threads, AMillionUsesOfOneConverterByEightThreadsGiveExactValues) {
-  TempFolder folder;
-  folder.Write("UNIT_CONVERSIONS.xml",
-               "<unit_conversions><fromunit id='SLOPE'><tounit id='S'><conv type='slope-int'"
-               " scalar='2' offset='1'/></tounit></fromunit><fromunit id='EXPRESSION'>"
-               "<tounit id='E'><conv to_float='val * val + 3'/></tounit></fromunit>"
-               "<fromunit id='E'><tounit id='EXPRESSION'><conv to_float='val / 4'/></tounit>"
-               "</fromunit><fromunit id='BROKEN'><tounit id='B'><conv to_float='vol'/></tounit>"
-               "</fromunit></unit_conversions>");
-  folder.Write("associations.xml",
-               "<unit_associations><unitassoc id='SLOPE' tounit='S'/><unitassoc id='EXPRESSION'"
-               " tounit='E'/><unitassoc id='BROKEN' tounit='B'/></unit_associations>");
+TEST(Threads, OfOneConverterGetTheValuesThatOneAloneGets) {
   units::DataUnitToDisplayUnitConverter display;
-  display.SetXMLFilePath(folder.Path());
+  display.SetXMLFilePath(VEHICLE_UNITS_SOURCE_DATA "/");
   std::string error;
-  ASSERT_TRUE(display.RecursiveLoad(folder.Path("associations.xml"), units::UNIT_TYPE_STD, error));
-
+  ASSERT_TRUE(display.ReadAndParseXMLAssociations("VEHICLE", error)) << error;
+  const auto convert = [&display](int i) {
+    double value = i % 1000 + 2;
+    display.ConvertUnit(i % 4 == 0 ? "PRESSURE_KPA" : "EFFICIENCY_L_PER_100KM", value);
+    return value;
+  };
+  std::vector<double> alone;
+  for (int i = 0; i < 1000; ++i) {
+    alone.push_back(convert(i));
+  }
   std::atomic<int> wrong{0};
   std::vector<std::thread> threads;
-  for (int thread = 0; thread < kThreads; ++thread) {
-    threads.emplace_back([&display, &wrong, thread] {
-      for (int i = 0; i < kUses; ++i) {
-        wrong += Use(display, i * kThreads + thread) ? 0 : 1;
+  for (int first = 0; first < 8; ++first) {
+    threads.emplace_back([&, first] {
+      for (int i = first; i < first + 50000; ++i) {
+        wrong += convert(i) == alone[static_cast<std::size_t>(i % 1000)] ? 0 : 1;
       }
     });
   }

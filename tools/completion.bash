@@ -38,12 +38,18 @@ _vehicle_units_plain() {
 
 _vehicle_units_words() { _vehicle_units_offer < <(printf '%s\n' "$@"); }
 
+_vehicle_units_folders() {
+  compopt -o filenames 2>/dev/null
+  mapfile -t COMPREPLY < <(compgen -d -- "$current")
+}
+
 _vehicle_units_options() {
   local options=(--help --data)
   case $command in
+    help) options=(--help) ;;
     convert) options+=(--float) ;;
     show | monitors) options+=(--name --system) ;;
-    check) options+=(--name --format --strict) ;;
+    check) options+=(--name --format --strict --explain) ;;
   esac
   _vehicle_units_words "${options[@]}"
 }
@@ -55,6 +61,8 @@ _vehicle_units_argument() {
     show:*)
       compopt -o nospace 2>/dev/null
       _vehicle_units_offer = < <(_vehicle_units_names) ;;
+    help:0) _vehicle_units_words "${commands[@]}" ;;
+    check:0) _vehicle_units_folders ;;
     monitors:0)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
@@ -63,12 +71,15 @@ _vehicle_units_argument() {
 
 _vehicle_units() {
   local program=${COMP_WORDS[0]} current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
+  local commands=(convert units show monitors check graph help)
   local command= arguments=() data=() i
   COMPREPLY=()
   for ((i = 1; i < COMP_CWORD; i++)); do
     case ${COMP_WORDS[i]} in
-      --data) data=(--data "$(_vehicle_units_plain "${COMP_WORDS[++i]}")") ;;
-      --name | --system | --format) ((++i)) ;;
+      --data)
+        ((++i))
+        data=(--data "$(_vehicle_units_plain "${COMP_WORDS[i]}")") ;;
+      --name | --system | --format | --explain) ((++i)) ;;
       -*) ;;
       *)
         if [ -z "$command" ]; then
@@ -79,18 +90,16 @@ _vehicle_units() {
     esac
   done
   case $previous in
-    --data)
-      compopt -o filenames 2>/dev/null
-      mapfile -t COMPREPLY < <(compgen -d -- "$current") ;;
+    --data) _vehicle_units_folders ;;
     --system) _vehicle_units_words std std_uk metric greek all ;;
     --format) _vehicle_units_words text json sarif ;;
-    --name) ;;
+    --name | --explain) ;;
     *)
       if [[ $current == -* ]]; then
         [ -n "$command" ] || _vehicle_units_words --help --version
         [ -z "$command" ] || _vehicle_units_options
       elif [ -z "$command" ]; then
-        _vehicle_units_words convert units show monitors check graph
+        _vehicle_units_words "${commands[@]}"
       else
         _vehicle_units_argument
       fi ;;

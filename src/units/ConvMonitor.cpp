@@ -23,7 +23,11 @@ ConvMonitor::ConvMonitor(int index, const std::string& title, const std::string&
 
 ConvMonitor::ConvMonitor(const ConvMonitor&) = default;
 
-ConvMonitor& ConvMonitor::operator=(const ConvMonitor&) = default;
+ConvMonitor::ConvMonitor(ConvMonitor&&) noexcept = default;
+
+ConvMonitor& ConvMonitor::operator=(const ConvMonitor& other) { return *this = ConvMonitor(other); }
+
+ConvMonitor& ConvMonitor::operator=(ConvMonitor&&) noexcept = default;
 
 ConvMonitor::~ConvMonitor() = default;
 

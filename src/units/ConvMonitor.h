@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "util/Export.h"
+#include "../util/Export.h"
 
 namespace units {
 
@@ -20,7 +20,7 @@ namespace units {
 ///
 /// A monitor keeps what it is given: it compares nothing with its trigger, converts no unit and
 /// clamps no value. Nothing throws but `std::bad_alloc` where texts are copied, which leaves the
-/// monitor as it was.
+/// monitor as it was, also one that is assigned to.
 ///
 /// Threads: a monitor has no lock; reading it may overlap reading, nothing else.
 class VEHICLE_UNITS_EXPORT ConvMonitor {
@@ -38,14 +38,18 @@ class VEHICLE_UNITS_EXPORT ConvMonitor {
 
   /// A monitor of its own, equal in all it holds.
   ConvMonitor(const ConvMonitor&);
-  ConvMonitor& operator=(const ConvMonitor&);  ///< Takes over all that the other holds.
+  /// The same; a monitor that was moved from is only good to be assigned to or destroyed.
+  ConvMonitor(ConvMonitor&&) noexcept;
+  ConvMonitor& operator=(const ConvMonitor&);      ///< Takes over all that the other holds.
+  ConvMonitor& operator=(ConvMonitor&&) noexcept;  ///< The same.
   ~ConvMonitor();
 
-  /// The text stays valid while the monitor lives and its name is unchanged.
+  /// The text stays valid while the monitor lives, its name is unchanged and nothing is assigned to
+  /// it.
   const char* GetName() const;
   void SetName(const std::string& name);  ///< Replaces the name.
 
-  /// The text stays valid while the monitor lives.
+  /// The text stays valid while the monitor lives and nothing is assigned to it.
   const char* GetUnits() const;
 
   float GetMin() const;  ///< The lower limit, in `GetUnits()`, after a swap.

@@ -6,8 +6,9 @@
 #include <cstddef>
 #include <list>
 
-#include "vehicle/FormatError.h"
-#include "vehicle/LoadDocument.h"
+#include "units/MostFiles.h"
+#include "xml/FormatError.h"
+#include "xml/LoadDocument.h"
 
 template class util::DataHash<
     std::string, std::shared_ptr<units::DataUnitToDisplayUnitConverter::UnitAssociation>>;
@@ -23,8 +24,6 @@ namespace {
 
 using UnitAssociation = DataUnitToDisplayUnitConverter::UnitAssociation;
 using AssociationStore = util::DataHash<std::string, std::shared_ptr<UnitAssociation>>;
-
-constexpr int kMostFiles = 1000;
 
 // Loads one file with all that it includes. `chain` holds the files from the first one to the one
 // being read; each of them is waiting for what it includes. It stands in place of calls within
@@ -59,7 +58,7 @@ class TreeLoader {
 
   bool Open(const std::string& path) {
     File& file = chain.emplace_back(path);
-    if (!vehicle::LoadDocument(file.document, error)) {
+    if (!xml::LoadDocument(file.document, error)) {
       return false;
     }
     file.root = file.document.FirstChildElement("unit_associations");
@@ -69,7 +68,7 @@ class TreeLoader {
 
   bool Include(const TiXmlElement& include) {
     const char* name = include.GetText();
-    if (name == nullptr) {
+    if (name == nullptr || *name == '\0') {
       return Fail(include, "<include> names no file");
     }
     const std::string path = prefix + name;
@@ -84,8 +83,8 @@ class TreeLoader {
   }
 
   bool Fail(const TiXmlElement& include, const std::string& what) {
-    error += vehicle::FormatError(include.GetDocument()->ValueStr(), include.Row(),
-                                  include.Column(), what);
+    error +=
+        xml::FormatError(include.GetDocument()->ValueStr(), include.Row(), include.Column(), what);
     return false;
   }
 
@@ -198,6 +197,28 @@ void DataUnitToDisplayUnitConverter::UnConvertUnit(const std::string& unit, doub
     converter.ConvertUnit(*displayUnit, unit, value);
   }
 }
+
+DataUnitToDisplayUnitConverter::Display DataUnitToDisplayUnitConverter::FindDisplay(
+    const std::string& unit) const {
+  const std::string* displayUnit = FindDisplayUnit(unit);
+  if (displayUnit == nullptr) {
+    return {unit, {}, {}};
+  }
+  std::string why;
+  return {*displayUnit, converter.FindConversion(unit, *displayUnit, why),
+          converter.FindConversion(*displayUnit, unit, why)};
+}
+
+std::vector<std::string> DataUnitToDisplayUnitConverter::GetDataUnits() const {
+  std::vector<std::string> units;
+  for (const auto& association : associations[static_cast<std::size_t>(unitType)]) {
+    units.push_back(association.first);
+  }
+  std::sort(units.begin(), units.end());
+  return units;
+}
+
+const UnitConverter& DataUnitToDisplayUnitConverter::GetConverter() const { return converter; }
 
 // The display unit of `unit` where it has one, else null.
 const std::string* DataUnitToDisplayUnitConverter::FindDisplayUnit(const std::string& unit) const {

@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
-#include "units/UnitConverter.h"
-#include "util/DataHash.h"
-#include "util/Export.h"
-#include "vehicle/BaseVehicleDefObj.h"
-#include "vehicle/ReadHashData.h"
+#include "../units/Conversion.h"
+#include "../units/UnitConverter.h"
+#include "../util/DataHash.h"
+#include "../util/Export.h"
+#include "../vehicle/BaseVehicleDefObj.h"
+#include "../vehicle/ReadHashData.h"
 
 namespace units {
 
@@ -32,13 +34,14 @@ enum unitTypes_e : std::int32_t {
 ///     }
 ///     double value = 100;
 ///     display.ConvertUnit("TEMP_CEL", value);      // value == 212
-///     display.GetActiveLabelForUnit("TEMP_CEL");   // "°F"
+///     display.GetActiveLabelForUnit("TEMP_CEL");   // "\xB0" "F"
 ///     display.UnConvertUnit("TEMP_CEL", value);    // value == 100
 ///     display.SetUnitType(units::UNIT_TYPE_METRIC);
-///     display.GetActiveLabelForUnit("TEMP_CEL");   // "°C"
+///     display.GetActiveLabelForUnit("TEMP_CEL");   // "\xB0" "C"
 ///     display.GetActiveLabelForUnit("anything");   // "anything": it has no association
 ///
-/// (Unit names are bytes of ISO 8859-1: the degree sign is the one byte 0xB0.)
+/// (Unit names are bytes of ISO 8859-1: the degree sign is the one byte 0xB0, whatever the encoding
+/// of the source.)
 ///
 /// A value is never refused: a data unit without association, or one whose conversion the engine
 /// does not have, keeps its value. Whether the data has a conversion and its way back for every
@@ -68,6 +71,14 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
     std::string fromUnit;  ///< Kept with the association; conversions start from the data unit.
   };
 
+  /// How one data unit is shown in one unit system.
+  struct Display {
+    std::string label;     ///< What `GetActiveLabelForUnit` gives.
+    Conversion toDisplay;  ///< What `ConvertUnit` does; empty where that does nothing for lack of
+                           ///< an association or of a conversion.
+    Conversion toData;     ///< The same of `UnConvertUnit`.
+  };
+
   static const std::string ASSOCIATION_FILENAME;  ///< "_UNIT_ASSOCIATIONS"
   static const std::string STD_SUFFIX;            ///< "_STD.xml"
   static const std::string STD_UK_SUFFIX;         ///< "_STD_UK.xml"
@@ -83,7 +94,8 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   ~DataUnitToDisplayUnitConverter();
 
   /// Sets the file path, to which file names are appended as it stands (so a directory ends in a
-  /// slash), and loads the conversion file from it, silently. Associations are not loaded.
+  /// slash), and loads the conversion file from it, silently. Associations are not loaded. Load
+  /// while the global C++ locale is the classic one, as `UnitConverter::LoadFromXML` says.
   void SetXMLFilePath(const std::string& path);
 
   /// Loads the association files of all four systems, named file path + `name` +
@@ -118,7 +130,7 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// than 64 attributes, and before a file is read that would be the 1,001st of this load; and when
   /// `type` is none of the four systems. The associations of the includes read before stay. A file
   /// that is no association file loads nothing and returns true. A load that failed may be repeated
-  /// once the file is mended.
+  /// once the file is fixed.
   bool RecursiveLoad(const std::string& path, unitTypes_e type, std::string& error);
 
   /// Chooses the unit system, which counts from the next call on; nothing is loaded. A value that
@@ -148,6 +160,25 @@ class VEHICLE_UNITS_EXPORT DataUnitToDisplayUnitConverter {
   /// Converts `value` from the display unit of the data unit `unit` back into `unit`; otherwise as
   /// `ConvertUnit`.
   void UnConvertUnit(const std::string& unit, double& value) const;
+
+  /// How the data unit `unit` is shown in the chosen system: one question after a change of the
+  /// system in place of two for every value. A data unit that is its own display unit has
+  /// conversions that change nothing. One without association has none, and its own name as label:
+  ///
+  ///     const auto gauge = display.FindDisplay("TEMP_CEL");   // gauge.label is "\xB0" "F"
+  ///     if (!gauge.toDisplay) {
+  ///       // GetConverter().FindConversion("TEMP_CEL", gauge.label, why) says why
+  ///     }
+  ///     gauge.toDisplay.Convert(value);
+  ///
+  /// Throws as `UnitConverter::FindConversion` does.
+  Display FindDisplay(const std::string& unit) const;
+
+  /// The data units that have an association in the chosen system, ascending byte by byte.
+  std::vector<std::string> GetDataUnits() const;
+
+  /// The engine, with the conversions loaded so far. The reference holds while this object lives.
+  const UnitConverter& GetConverter() const;
 
  private:
   using AssociationStore = util::DataHash<std::string, std::shared_ptr<UnitAssociation>>;

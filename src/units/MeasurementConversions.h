@@ -1,6 +1,6 @@
 #pragma once
 
-#include "util/Export.h"
+#include "../util/Export.h"
 
 namespace units {
 

@@ -1,13 +1,13 @@
 #include "units/DataUnitToDisplayUnitConverter.h"
 #include "vehicle/BindElement.h"
-#include "vehicle/ReadField.h"
+#include "xml/ReadField.h"
 
 namespace units {
 
 namespace {
 
 void ReadInto(std::string& member, const TiXmlElement& element, const char* field) {
-  if (const char* text = vehicle::ReadField(element, field)) {
+  if (const char* text = xml::ReadField(element, field)) {
     member = text;
   }
 }

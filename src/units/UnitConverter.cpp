@@ -2,10 +2,15 @@
 
 #include <tinyxml.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <stdexcept>
 
-#include "vehicle/LoadDocument.h"
+#include "units/Arithmetic.h"
+#include "units/ThreadParser.h"
+#include "util/PlainArithmetic.h"
+#include "util/Text.h"
+#include "xml/LoadDocument.h"
 
 template class util::DataHash<std::string,
                               std::shared_ptr<units::UnitConverter::UnitsToFunctionsDefObj>>;
@@ -18,50 +23,61 @@ namespace units {
 
 namespace {
 
-const std::string kValueName = "val";
+using util::Join;
+using util::Quoted;
 
 using Constants = decltype(vehicle::DataType::conversionConstants);
 
-using Definitions =
-    util::DataHash<std::string, std::shared_ptr<UnitConverter::UnitsToFunctionsDefObj>>;
-
-// Whether elements know their rows and columns. Only errors tell them, and to note them takes an
-// eighth of the parse: a file is read without, and if there is an error, once more.
-enum class Places { kUnknown, kKnown };
-
-std::size_t CountChildren(const TiXmlNode* parent) {
+std::size_t CountDefinitions(const TiXmlElement* root) {
   std::size_t count = 0;
-  for (const TiXmlNode* child = parent != nullptr ? parent->FirstChild() : nullptr;
-       child != nullptr; child = child->NextSibling()) {
+  const TiXmlElement* child = root != nullptr ? root->FirstChildElement("fromunit") : nullptr;
+  for (; child != nullptr; child = child->NextSiblingElement("fromunit")) {
     ++count;
   }
   return count;
 }
 
-bool Load(const std::string& path, Places places, Definitions& definitions, std::string& error) {
-  TiXmlDocument document(path);
-  if (places == Places::kUnknown) {
-    document.SetTabSize(0);
-  }
-  if (!vehicle::LoadDocument(document, error)) {
-    return false;
-  }
-  TiXmlElement* root = document.FirstChildElement("unit_conversions");
-  definitions.resize(definitions.size() + CountChildren(root));  // else it grows step by step
-  vehicle::ReadHashData<UnitConverter::UnitsToFunctionsDefObj>(root, definitions, error);
-  return true;
+template <typename Value>
+Value ApplyConstants(const Constants& constants, Value value) {
+  const auto scalar = static_cast<Value>(constants.at(VehicleV2::CONSTANT_SCALAR));
+  const auto offset = static_cast<Value>(constants.at(VehicleV2::CONSTANT_OFFSET));
+  return ApplySlopeInt(scalar, offset, value);
 }
 
-double ApplySlopeInt(const Constants& constants, double value) {
-  const double scalar = constants.at(VehicleV2::CONSTANT_SCALAR);
-  const double offset = constants.at(VehicleV2::CONSTANT_OFFSET);
-  return scalar * value + offset;
+template <typename Map>
+std::vector<std::string> KeysOf(const Map& map) {
+  std::vector<std::string> keys;
+  keys.reserve(map.size());
+  for (const auto& entry : map) {
+    keys.push_back(entry.first);
+  }
+  return keys;
 }
 
-float ApplySlopeInt(const Constants& constants, float value) {
-  const auto scalar = static_cast<float>(constants.at(VehicleV2::CONSTANT_SCALAR));
-  const auto offset = static_cast<float>(constants.at(VehicleV2::CONSTANT_OFFSET));
-  return offset + scalar * value;
+// What keeps a "slope-int" record from being applied, or nothing.
+std::string WhatIsMissing(const Constants& constants) {
+  const bool scalar = constants.count(VehicleV2::CONSTANT_SCALAR) != 0;
+  const bool offset = constants.count(VehicleV2::CONSTANT_OFFSET) != 0;
+  if (scalar && offset) {
+    return "";
+  }
+  if (scalar) {
+    return "its offset";
+  }
+  return offset ? "its scalar" : "its scalar and its offset";
+}
+
+// What the evaluator says against `expression`, or nothing.
+std::string WhyItFails(const std::string& expression) {
+  const util::PlainArithmetic arithmetic;  // the caller has asked for no arithmetic yet
+  Parser& parser = ThreadParser();
+  parser.variables[kValueName] = 1;
+  try {
+    parser.Evaluate(expression);
+    return "";
+  } catch (const std::runtime_error& error) {
+    return "the expression " + Quoted(expression) + " fails: " + error.what();
+  }
 }
 
 }  // namespace
@@ -73,14 +89,14 @@ UnitConverter::UnitConverter() = default;
 UnitConverter::~UnitConverter() = default;
 
 bool UnitConverter::LoadFromXML(const std::string& fileName, std::string& error) {
-  const std::string path = xmlFilePath + fileName;
-  std::string unplaced;
-  const bool loaded = Load(path, Places::kUnknown, conversions, unplaced);
-  const bool placed = loaded && !unplaced.empty() && Load(path, Places::kKnown, conversions, error);
-  if (!placed) {
-    error += unplaced;
+  TiXmlDocument document(xmlFilePath + fileName);
+  if (!xml::LoadDocument(document, error)) {
+    return false;
   }
-  return loaded;
+  TiXmlElement* root = document.FirstChildElement("unit_conversions");
+  conversions.resize(conversions.size() + CountDefinitions(root));  // else it grows step by step
+  vehicle::ReadHashData<UnitsToFunctionsDefObj>(root, conversions, error);
+  return true;
 }
 
 void UnitConverter::SetXMLFilePathAndLoad(const std::string& path) {
@@ -116,24 +132,62 @@ void UnitConverter::Convert(const std::string& fromUnit, const std::string& toUn
   }
   const vehicle::DataType& record = *target->second;
   if (record.conversionType == VehicleV2::CONVERSION_SLOPE_INT) {
-    value = ApplySlopeInt(record.conversionConstants, value);
+    value = ApplyConstants(record.conversionConstants, value);
   } else {
-    Evaluate(record.toFloatExpression, value);
+    const std::lock_guard<std::mutex> lock(parserMutex);
+    Evaluate(parser, record.toFloatExpression, value);
   }
 }
 
-template <typename Value>
-void UnitConverter::Evaluate(const std::string& expression, Value& value) const {
-  const std::lock_guard<std::mutex> lock(parserMutex);
-  if (parserValue == nullptr) {
-    parserValue = &parser.variables[kValueName];
+Conversion UnitConverter::FindConversion(const std::string& fromUnit, const std::string& toUnit,
+                                         std::string& why) const {
+  why.clear();
+  if (fromUnit == toUnit) {
+    return Conversion(Conversion::Kind::kSameUnit);
   }
-  *parserValue = value;
-  try {
-    value = static_cast<Value>(parser.Evaluate(expression));
-  } catch (const std::runtime_error&) {
-    // A conversion that cannot be evaluated leaves the value unchanged.
+  const auto found = conversions.find(fromUnit);
+  if (found == conversions.end()) {
+    why = "unknown unit " + Quoted(fromUnit);
+    return {};
   }
+  const auto& targets = found->second->toUnitFunctions;
+  const auto target = targets.find(toUnit);
+  if (target == targets.end()) {
+    why = Quoted(fromUnit) + " does not convert into " + Quoted(toUnit) +
+          (targets.empty() ? " or anything else" : "; it converts into: " + Join(KeysOf(targets)));
+    return {};
+  }
+  return MakeConversion(*target->second,
+                        "the conversion of " + Quoted(fromUnit) + " into " + Quoted(toUnit), why);
+}
+
+std::vector<std::string> UnitConverter::GetSourceUnits() const {
+  std::vector<std::string> units = KeysOf(conversions);
+  std::sort(units.begin(), units.end());
+  return units;
+}
+
+std::vector<std::string> UnitConverter::GetTargetUnits(const std::string& fromUnit) const {
+  const auto found = conversions.find(fromUnit);
+  return found != conversions.end() ? KeysOf(found->second->toUnitFunctions)
+                                    : std::vector<std::string>();
+}
+
+// `name` is what messages call the conversion by.
+Conversion UnitConverter::MakeConversion(const vehicle::DataType& record, const std::string& name,
+                                         std::string& why) {
+  if (record.conversionType == VehicleV2::CONVERSION_SLOPE_INT) {
+    const Constants& constants = record.conversionConstants;
+    const std::string missing = WhatIsMissing(constants);
+    if (missing.empty()) {
+      return {constants.at(VehicleV2::CONSTANT_SCALAR), constants.at(VehicleV2::CONSTANT_OFFSET)};
+    }
+    why = name + " lacks " + missing;
+    return {};
+  }
+  why = record.toFloatExpression.empty() ? name + " has neither a scale nor an expression"
+                                         : WhyItFails(record.toFloatExpression);
+  return why.empty() ? Conversion(record.toFloatExpression) : Conversion();
 }
 
 }  // namespace units

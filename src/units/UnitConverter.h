@@ -4,13 +4,15 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
+#include "../units/Conversion.h"
+#include "../util/DataHash.h"
+#include "../util/Export.h"
+#include "../vehicle/BaseVehicleDefObj.h"
+#include "../vehicle/DataType.h"
+#include "../vehicle/ReadHashData.h"
 #include "host/Parser.h"
-#include "util/DataHash.h"
-#include "util/Export.h"
-#include "vehicle/BaseVehicleDefObj.h"
-#include "vehicle/DataType.h"
-#include "vehicle/ReadHashData.h"
 
 namespace units {
 
@@ -19,10 +21,18 @@ namespace units {
 ///     units::UnitConverter converter;
 ///     converter.SetXMLFilePathAndLoad("/usr/share/vehicle-units/");
 ///     double value = 100;
-///     converter.ConvertUnit("TEMP_CEL", "°F", value);    // value == 212
-///     converter.ConvertUnit("TEMP_CEL", "psi", value);   // no such conversion: still 212
+///     converter.ConvertUnit("TEMP_CEL", "\xB0" "F", value);  // value == 212
+///     converter.ConvertUnit("TEMP_CEL", "psi", value);       // no such conversion: still 212
 ///
-/// (Names are bytes of ISO 8859-1: the degree sign is the one byte 0xB0.)
+/// Who converts by the same units again and again asks once, and learns whether there is a
+/// conversion (see `Conversion`):
+///
+///     std::string why;
+///     const units::Conversion toPsi = converter.FindConversion("TEMP_CEL", "psi", why);
+///     // false; why == "\"TEMP_CEL\" does not convert into \"psi\"; it converts into: ..."
+///
+/// (Names are bytes of ISO 8859-1: the degree sign is the one byte 0xB0, whatever the encoding of
+/// the source.)
 ///
 /// Threads: any number may convert on one converter at the same time; only evaluations of
 /// expressions wait for each other. Loading takes no lock and must not overlap any other use.
@@ -41,7 +51,7 @@ class VEHICLE_UNITS_EXPORT UnitConverter {
 
     /// Reads the "tounit" children of a "fromunit" element into `toUnitFunctions`: the first
     /// "tounit" and every later sibling of whatever name. A "tounit" without the attribute "id" or
-    /// without a child "conv" is passed over. In a record that is filled again, constants keep
+    /// without a child "conv" is skipped. In a record that is filled again, constants keep
     /// their first value, kind and expression take the last.
     ///
     /// Returns 0 when all were read, and 1 when there is no element to read or where a "conv" ends
@@ -71,12 +81,16 @@ class VEHICLE_UNITS_EXPORT UnitConverter {
   /// parser could deliver are loaded: of a file that is no conversion file, none. A definition
   /// without identifier is skipped with one line in `error`.
   ///
+  /// Constants are read by the rules of the global C++ locale: where that has a decimal comma,
+  /// "0.5" is 0 and "1.8" may be 18. Load while it is the classic one.
+  ///
   /// Lines are `FILE:LINE:COLUMN: …`, appended to `error`, which is never cleared. Throws only
   /// `std::bad_alloc`; what was loaded by then stays.
   bool LoadFromXML(const std::string& fileName, std::string& error);
 
   /// Sets the file path, to which file names are appended as it stands (so a directory ends in a
-  /// slash), and loads `CONVERSION_FILENAME` from it. Whether that succeeded is not told.
+  /// slash), and loads `CONVERSION_FILENAME` from it, as `LoadFromXML` does. Whether that succeeded
+  /// is not told.
   void SetXMLFilePathAndLoad(const std::string& path);
 
   /// Converts `value` from `fromUnit` to `toUnit`, names compared byte for byte. `value` is left as
@@ -95,22 +109,37 @@ class VEHICLE_UNITS_EXPORT UnitConverter {
   /// The same for a `float`, as said above.
   void ConvertUnit(const std::string& fromUnit, const std::string& toUnit, float& value) const;
 
+  /// The conversion from `fromUnit` to `toUnit` as the definitions say now; `why` is emptied. For
+  /// what `ConvertUnit` leaves unchanged, or throws at, an empty one, and `why` says in one
+  /// sentence what is missing: an unknown source unit, a target that it does not have (and which it
+  /// has), a constant, an expression, or what the evaluator says of the expression with 1 as its
+  /// value. Units of the same name have a conversion that changes nothing, known or not.
+  ///
+  /// Takes no lock. Throws `std::bad_alloc`, and what the evaluator throws that is not a
+  /// `std::runtime_error`.
+  Conversion FindConversion(const std::string& fromUnit, const std::string& toUnit,
+                            std::string& why) const;
+
+  /// The units that there are definitions of, ascending byte by byte.
+  std::vector<std::string> GetSourceUnits() const;
+
+  /// The units that the definition of `fromUnit` names as targets, ascending byte by byte, also
+  /// those that lack what converting needs; none for an unknown unit.
+  std::vector<std::string> GetTargetUnits(const std::string& fromUnit) const;
+
  private:
   template <typename Value>
   VEHICLE_UNITS_LOCAL void Convert(const std::string& fromUnit, const std::string& toUnit,
                                    Value& value) const;
-  template <typename Value>
-  VEHICLE_UNITS_LOCAL void Evaluate(const std::string& expression, Value& value) const;
+  VEHICLE_UNITS_LOCAL static Conversion MakeConversion(const vehicle::DataType& record,
+                                                       const std::string& name, std::string& why);
 
   // `parserMutex` is held from before "val" is written until its expression has been evaluated, so
-  // that every expression reads its own caller's value. `parserValue` is the entry "val" in the
-  // parser's table, null until the first evaluation makes it. Definitions are only added to, by
-  // loads.
+  // that every expression reads its own caller's value. Definitions are only added to, by loads.
   mutable Parser parser;
   mutable std::mutex parserMutex;
   util::DataHash<std::string, std::shared_ptr<UnitsToFunctionsDefObj>> conversions;
   std::string xmlFilePath;
-  mutable double* parserValue = nullptr;
 };
 
 }  // namespace units

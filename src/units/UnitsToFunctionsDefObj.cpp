@@ -5,15 +5,19 @@
 #include <locale>
 #include <optional>
 #include <sstream>
+#include <string>
 #include <system_error>
 
 #include "units/UnitConverter.h"
 #include "vehicle/BindElement.h"
-#include "vehicle/ReadField.h"
+#include "xml/ReadField.h"
 
 namespace units {
 
 namespace {
+
+const std::string kType = "type";
+const std::string kToFloat = "to_float";
 
 // A text that is a plain decimal number from its first byte to its last, read without a stream: in
 // the classic locale a stream would extract the same number, at many times the cost.
@@ -51,7 +55,7 @@ VehicleV2::ConversionTypes_e ParseType(std::string name) {
 class ConversionReader {
  public:
   bool Read(const TiXmlElement& conv, vehicle::DataType& record) const {
-    if (const char* type = vehicle::ReadField(conv, "type")) {
+    if (const char* type = xml::ReadField(conv, kType)) {
       record.conversionType = ParseType(type);
       if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
         return false;
@@ -59,7 +63,7 @@ class ConversionReader {
       ReadConstants(conv, record);
       return true;
     }
-    if (const char* expression = vehicle::ReadField(conv, "to_float")) {
+    if (const char* expression = xml::ReadField(conv, kToFloat)) {
       record.toFloatExpression = expression;
       return true;
     }
@@ -69,7 +73,7 @@ class ConversionReader {
  private:
   void ReadConstants(const TiXmlElement& conv, vehicle::DataType& record) const {
     for (const auto& [constant, name] : VehicleV2::conversionConstantNames()) {
-      if (const char* text = vehicle::ReadField(conv, name)) {
+      if (const char* text = xml::ReadField(conv, name)) {
         record.conversionConstants.emplace(constant, ParseNumber(text));
       }
     }

@@ -3,9 +3,9 @@
 #include <memory>
 #include <vector>
 
+#include "../units/ConvMonitor.h"
+#include "../util/Export.h"
 #include "host/LineItem.h"
-#include "units/ConvMonitor.h"
-#include "util/Export.h"
 
 namespace units {
 
@@ -27,9 +27,9 @@ namespace units {
 ///     std::vector<std::shared_ptr<units::ConvMonitor>> monitors;
 ///     units::parse_monitors(&lines, monitors);   // one monitor
 ///
-/// With `lines` null or empty, `monitors` stays as it was. Throws only `std::bad_alloc`; then
-/// `monitors` holds one entry for each line, those not filled yet null. Takes no lock: nobody else
-/// may use either list meanwhile.
+/// With `lines` null or empty, `monitors` stays as it was. Throws only `std::bad_alloc`; `monitors`
+/// is then empty or holds one entry for each line, those not filled yet null. Takes no lock: nobody
+/// else may use either list meanwhile.
 VEHICLE_UNITS_EXPORT void parse_monitors(std::vector<LineItem>* lines,
                                          std::vector<std::shared_ptr<ConvMonitor>>& monitors);
 

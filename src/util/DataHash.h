@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "util/Export.h"
+#include "../util/Export.h"
 
 // The hash map is a deprecated extension of the GNU library: its notice is for new code, not for
 // those who include this header.
@@ -45,11 +45,8 @@ template <>
 struct hash<std::string> {
   std::size_t operator()(const std::string& key) const {
     std::uint32_t value = 0;
-    for (const char c : key) {
-      if (c == '\0') {
-        break;
-      }
-      value = 5 * value + static_cast<unsigned char>(c);
+    for (const char* c = key.c_str(); *c != '\0'; ++c) {
+      value = 5 * value + static_cast<unsigned char>(*c);
     }
     return value;
   }

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "util/Export.h"
+#include "../util/Export.h"
 
 namespace util {
 
@@ -45,14 +45,16 @@ class VEHICLE_UNITS_EXPORT FileHandler {
   /// whatever was open before.
   virtual FILE* open(const char* path, const char* mode);
 
-  /// Closes the stream if there is one.
+  /// Closes the stream if there is one. Bytes that only now go to the file and do not fit there (a
+  /// full device) are lost without a word: see the raw `write`.
   virtual void close();
 
   /// Resizes `data` to `fileSize()` and reads that many bytes as one item from the current
   /// position. Returns 1 when all were read, 0 otherwise: so it succeeds only on a stream that
-  /// stands at its start. A short read leaves `data` at full size with what was read at its front
-  /// and zero bytes behind; a size of 0, one that cannot be told and one that no raw read can name
-  /// (above the largest `unsigned`) leave it empty; a closed handle leaves it as it was.
+  /// stands at its start. A short read leaves `data` at full size: at its front what was read,
+  /// behind that what it held there before, or zero bytes where it grew. A size of 0, one that
+  /// cannot be told and one that no raw read can name (above the largest `unsigned`) leave it
+  /// empty; a closed handle leaves it as it was.
   virtual std::size_t read(std::vector<unsigned char>& data);
   /// The same into a string.
   virtual std::size_t read(std::string& data);
@@ -68,7 +70,9 @@ class VEHICLE_UNITS_EXPORT FileHandler {
   virtual std::size_t write(const std::string& data);
 
   /// Writes `size` bytes as one item and returns 1 when all were written; 0 otherwise, as when
-  /// `buffer` is null, `size` is 0 or the handle closed.
+  /// `buffer` is null, `size` is 0 or the handle closed. Written means that the stream has taken
+  /// them, as `fwrite` does: it may keep them in its buffer. Whether the file holds them, tells
+  /// `std::fflush(file) == 0` before the handle is closed.
   virtual std::size_t write(const void* buffer, unsigned size);
 
   /// The file's size in bytes, with the stream's position left where it was; 0 when the handle is

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "util/Export.h"
+#include "../util/Export.h"
 
 class TiXmlElement;
 
@@ -34,7 +34,7 @@ class VEHICLE_UNITS_EXPORT IBaseVehicleDefObj {
 
 /// The base of every definition object: a thing that reads itself from one XML element.
 ///
-/// The library declares this class; the host's framework, or the stand-in in `host/`, defines it.
+/// The library declares this class; the host's framework, or the stand-in, defines it.
 /// `vehicle::ReadHashData` drives it: `ReadObjId` binds an object to its element, `Read` fills it.
 ///
 /// An object points into the parsed document that it was last bound to and may be asked for its
@@ -90,7 +90,7 @@ class VEHICLE_UNITS_EXPORT BaseVehicleDefObj : public IBaseVehicleDefObj {
   std::string objId;                       ///< The identifier.
 
  private:
-  const std::string* tagName;  // shared by all objects of that name, for the program's life
+  std::string tagName;
 };
 
 }  // namespace vehicle

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "util/enum_map.h"
+#include "../util/enum_map.h"
 
 namespace VehicleV2 {
 

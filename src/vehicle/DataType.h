@@ -3,9 +3,9 @@
 #include <map>
 #include <string>
 
-#include "util/Export.h"
-#include "vehicle/BaseVehicleDefObj.h"
-#include "vehicle/ConversionTypes.h"
+#include "../util/Export.h"
+#include "../vehicle/BaseVehicleDefObj.h"
+#include "../vehicle/ConversionTypes.h"
 
 namespace vehicle {
 

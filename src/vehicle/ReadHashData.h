@@ -3,8 +3,8 @@
 #include <memory>
 #include <string>
 
-#include "util/DataHash.h"
-#include "util/Export.h"
+#include "../util/DataHash.h"
+#include "../util/Export.h"
 
 class TiXmlElement;
 

@@ -3,13 +3,13 @@
 #include <cstddef>
 #include <vector>
 
-#include "check/Conversions.h"
 #include "check/Formula.h"
+#include "model/Conversions.h"
 
 namespace check {
 
 /// Conversions to be applied one after the other; none leaves the value as it is.
-using Way = std::vector<const Conversion*>;
+using Way = std::vector<const model::Conversion*>;
 
 /// Where two ways are farthest apart: the error relative to the value or, where that comes from the
 /// difference of greater ones, to those.

@@ -5,18 +5,12 @@
 #include <vector>
 
 #include "check/Rule.h"
+#include "model/Place.h"
+#include "text/Message.h"
 
 namespace check {
 
-/// Where something stands; line and column count from 1.
-struct Place {
-  std::string file;
-  int line = 1;
-  int column = 1;
-};
-
-/// `FILE:LINE:COLUMN`.
-std::string ToString(const Place& place);
+using model::Place;
 
 /// The unit or the conversion that a finding is about, for the graph; empty for any other.
 struct Subject {
@@ -26,15 +20,15 @@ struct Subject {
 
 struct Finding {
   Place place;
-  Rule rule;
-  std::string text;  ///< ISO 8859-1, as the names in it
+  const Rule* rule;
+  Message text;
   Subject subject;
 };
 
 /// What the rules have found.
 class Findings {
  public:
-  void Add(const Place& place, Rule rule, const std::string& text, const Subject& subject = {});
+  void Add(const Place& place, const Rule& rule, const Message& text, const Subject& subject = {});
 
   /// All findings in the order of their places, without repetitions.
   std::vector<Finding> Sorted() const;

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "Numbers.h"
+#include "text/Numbers.h"
 
 namespace check {
 

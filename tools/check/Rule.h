@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 namespace check {
 
 enum class Severity { kError, kWarning };
@@ -9,60 +7,12 @@ enum class Severity { kError, kWarning };
 /// "error" or "warning".
 const char* NameOf(Severity severity);
 
-/// What the checker looks for. Each rule has its entry in docs/check-rules.md.
-enum class Rule {
-  kMissingFile,
-  kNotLoaded,
-  kNotWellFormed,
-  kWrongRoot,
-  kBadEncoding,
-  kForeignEncoding,
-  kUnreadFile,
-  kMissingInclude,
-  kEmptyInclude,
-  kIncludeCycle,
-  kMisspeltName,
-  kUnreadElement,
-  kUnreadAttribute,
-  kReadAsTounit,
-  kFieldGivenTwice,
-  kMissingId,
-  kTounitWithoutId,
-  kTounitWithoutConv,
-  kSecondConv,
-  kUnknownType,
-  kUnusableType,
-  kConvWithoutFormula,
-  kMissingConstant,
-  kBadNumber,
-  kNumberNotFinite,
-  kZeroScalar,
-  kBadExpression,
-  kUnknownVariable,
-  kExpressionWithoutVal,
-  kExpressionNotFinite,
-  kRepeatedDefinition,
-  kNotInverse,
-  kWaysDisagree,
-  kSimilarUnits,
-  kMixedQuantities,
-  kEmptyTounit,
-  kNoConversion,
-  kNoWayBack,
-  kNotInEverySystem,
-  kWithoutEffect,
-};
-
-struct RuleEntry {
-  Rule rule;
+/// What the checker looks for. Each rule is a constant beside its judge, has its place in `Rules`
+/// and its entry in docs/check-rules.md.
+struct Rule {
   const char* name;
   Severity severity;
-  const char* description;
+  const char* summary;
 };
-
-/// Every rule, in the order of the enumeration.
-const std::vector<RuleEntry>& Rules();
-
-const RuleEntry& EntryOf(Rule rule);
 
 }  // namespace check

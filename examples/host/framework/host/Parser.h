@@ -3,10 +3,9 @@
 #include <map>
 #include <string>
 
-#include "util/Export.h"
-
-/// This host's evaluator: numbers, names, + - * / and parentheses, and nothing else.
-class VEHICLE_UNITS_EXPORT Parser {
+/// This host's evaluator: numbers, names, + - * / and parentheses, and nothing else. Values in its
+/// table count for one evaluation.
+class __attribute__((visibility("default"))) Parser {
  public:
   Parser();
 

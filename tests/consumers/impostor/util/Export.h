@@ -1,0 +1,1 @@
+#error "the library's headers must find their own"

@@ -1,3 +1,0 @@
-#include "Quoted.h"
-
-std::string Quoted(const std::string& text) { return '"' + text + '"'; }

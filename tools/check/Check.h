@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "check/Findings.h"
+#include "check/Progress.h"
+#include "model/Model.h"
+
+namespace check {
+
+/// Judges a data folder by every rule: what is found, in the order of the places. Throws `Failure`
+/// if there are no association files of the base name that was asked for, and if there is nothing
+/// to check at all.
+std::vector<Finding> Check(const model::Model& model, Progress& progress);
+
+/// How many files of the data were there to be judged.
+std::size_t CountFiles(const model::Model& model);
+
+}  // namespace check

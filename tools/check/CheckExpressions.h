@@ -1,0 +1,20 @@
+#pragma once
+
+#include "check/Findings.h"
+#include "model/Model.h"
+
+namespace check {
+
+inline constexpr Rule kBadExpression{"bad-expression", Severity::kError,
+                                     "An expression that does not compile"};
+inline constexpr Rule kUnknownVariable{"unknown-variable", Severity::kError,
+                                       "An expression with a name that is not there"};
+inline constexpr Rule kExpressionWithoutVal{"expression-without-val", Severity::kWarning,
+                                            "An expression that does not use val"};
+inline constexpr Rule kExpressionNotFinite{"expression-not-finite", Severity::kWarning,
+                                           "An expression that is not finite everywhere"};
+
+/// Judges expressions by what the host's evaluator makes of them.
+void CheckExpressions(const model::Model& model, Findings& findings);
+
+}  // namespace check

@@ -1,0 +1,53 @@
+#include "model/Model.h"
+
+#include <filesystem>
+#include <iterator>
+
+#include "units/UnitConverter.h"
+#include "util/FileHandler.h"
+
+namespace model {
+
+namespace {
+
+bool HoldsAssociations(const std::string& path) {
+  std::string text;
+  util::FileHandler(path.c_str(), "rb").read(text);
+  return text.find("<unit_associations") != std::string::npos;
+}
+
+std::vector<std::string> FindStrays(const std::string& folder, const AssociationFiles& known) {
+  namespace fs = std::filesystem;
+  const auto options = fs::directory_options::skip_permission_denied;
+  std::vector<std::string> strays;
+  for (const auto& entry : fs::recursive_directory_iterator(folder, options)) {
+    const std::string path = entry.path().string();
+    if (entry.is_regular_file() && entry.path().extension() == ".xml" && known.count(path) == 0 &&
+        HoldsAssociations(path)) {
+      strays.push_back(path);
+    }
+  }
+  return strays;
+}
+
+}  // namespace
+
+Model ReadModel(const std::string& folder, const std::optional<std::string>& base) {
+  Model model;
+  model.folder = folder;
+  model.bases = BaseNames(folder);
+  model.base = base;
+  model.conversionFile = std::make_unique<File>(folder + units::UnitConverter::CONVERSION_FILENAME,
+                                                "unit_conversions");
+  model.definitions = ReadDefinitions(*model.conversionFile);
+  for (const std::string& each : base ? std::set<std::string>{*base} : model.bases) {
+    std::vector<UnitSystem> systems = ReadUnitSystems(folder, each, model.associationFiles);
+    std::move(systems.begin(), systems.end(), std::back_inserter(model.systems));
+  }
+  if (!base) {
+    model.strays = FindStrays(folder, model.associationFiles);
+  }
+  return model;
+}
+
+}  // namespace model

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "check/Findings.h"
+#include "model/Model.h"
+
+struct CheckedFolder {
+  model::Model model;
+  std::vector<check::Finding> findings;
+};
+
+/// Reads and judges a data folder by `check::Check`, with the association files of one base name or
+/// of all. Where that takes longer than a second, a line on standard error says meanwhile how far
+/// it is, if that is a terminal.
+CheckedFolder CheckFolder(const std::string& folder, const std::optional<std::string>& base);

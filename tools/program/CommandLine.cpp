@@ -1,0 +1,251 @@
+#include "program/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "program/CheckCommand.h"
+#include "program/ConvertCommand.h"
+#include "program/GraphCommand.h"
+#include "program/MonitorsCommand.h"
+#include "program/ShowCommand.h"
+#include "program/UnitsCommand.h"
+#include "text/Charset.h"
+#include "text/Message.h"
+#include "text/NearestNames.h"
+#include "text/Printable.h"
+#include "util/Text.h"
+
+namespace {
+
+constexpr int kBadUsage = 2;
+
+std::string DescribeUnknownCommand(const CLI::App& app, const std::string& word) {
+  std::vector<std::string> names;
+  for (const CLI::App* command : app.get_subcommands(nullptr)) {
+    names.push_back(command->get_name());
+  }
+  return "unknown command " + util::Quoted(word) + NearestNames(word, names);
+}
+
+std::string DescribeUnknownOption(const CLI::App& command, const std::string& word) {
+  std::vector<std::string> names;
+  for (const CLI::Option* option : command.get_options()) {
+    for (const std::string& name : option->get_lnames()) {
+      names.push_back("--" + name);
+    }
+  }
+  return "unknown option " + util::Quoted(word) + NearestNames(word, names);
+}
+
+std::string DescribeUnknown(const CLI::App& app, const CLI::App& command, const std::string& word) {
+  if (word.rfind('-', 0) == 0) {
+    return DescribeUnknownOption(command, word);
+  }
+  return &command == &app ? DescribeUnknownCommand(app, word)
+                          : "unexpected argument " + util::Quoted(word);
+}
+
+const CLI::App& CommandOf(const CLI::App& app) {
+  const std::vector<CLI::App*> parsed = app.get_subcommands();
+  return parsed.empty() ? app : *parsed.front();
+}
+
+std::string Describe(const CLI::App& app, const CLI::ParseError& error) {
+  const CLI::App& command = CommandOf(app);
+  if (const std::vector<std::string> words = app.remaining(); !words.empty()) {
+    return DescribeUnknown(app, app, words.front());
+  }
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+    return DescribeUnknown(app, command, command.remaining().front());
+  }
+  if (&command == &app) {
+    return "a command is missing; see vehicle-units --help";
+  }
+  return error.what();
+}
+
+bool IsOption(const std::string& word) {
+  if (word.rfind('-', 0) != 0 || word.rfind("-.", 0) == 0) {
+    return false;
+  }
+  char* end = nullptr;
+  std::strtod(word.c_str(), &end);
+  return end == word.c_str() || *end != '\0';
+}
+
+// The values among the words that the parser has left over. It takes -.5 and -inf for options.
+std::vector<std::string> ValuesAmong(const std::vector<std::string>& words,
+                                     const CLI::App& command) {
+  const auto mark = std::find(words.begin(), words.end(), "--");
+  const auto option = std::find_if(words.begin(), mark, IsOption);
+  if (option != mark) {
+    throw CLI::ParseError(DescribeUnknownOption(command, *option), CLI::ExitCodes::ExtrasError);
+  }
+  std::vector<std::string> values(words.begin(), mark);
+  values.insert(values.end(), mark == words.end() ? mark : mark + 1, words.end());
+  return values;
+}
+
+// Keeps a value for ValuesAmong, which then finds all of them in their order.
+std::string LeaveOver(const std::string& /*value*/) { return "left over"; }
+
+CLI::Option* AddData(CLI::App& command, DataFolder& data) {
+  command.footer([] {
+    return "Without DIR the data in this folder are read:\n  " +
+           PrintableBytes(DataFolder::RealDefault());
+  });
+  return command.add_option("--data", data.named, "Folder of the data files")->type_name("DIR");
+}
+
+void AddUnitSystems(CLI::App& command, UnitSystemOptions& options) {
+  AddData(command, options.data);
+  command.add_option("--name", options.name, "Base name of the association files")
+      ->type_name("VEHICLE");
+  command.add_option("--system", options.system, "Unit system to show")
+      ->check(CLI::IsMember(UnitSystems::Names()));
+}
+
+// The parser with all commands: parsing chooses what to run.
+class CommandLine {
+ public:
+  explicit CommandLine(const Charset& terminal) : terminal(terminal) {
+    app.set_version_flag("--version", "vehicle-units " VEHICLE_UNITS_VERSION);
+    app.require_subcommand(1);
+    AddConvert();
+    AddMonitors();
+    AddShow();
+    AddUnits();
+    AddCheck();
+    AddGraph();
+    AddHelp();
+  }
+
+  int Run(int argc, char** argv) {
+    try {
+      app.parse(argc, argv);
+    } catch (const CLI::Success& help) {
+      return app.exit(help);
+    } catch (const CLI::ParseError& error) {
+      std::cerr << Message::Verbatim("vehicle-units: " + Describe(app, error)).For(terminal)
+                << '\n';
+      return kBadUsage;
+    }
+    return chosen();
+  }
+
+ private:
+  CLI::App& Add(const char* name, const char* description, const std::function<int()>& run) {
+    CLI::App& command = *app.add_subcommand(name, description);
+    command.callback([this, run] { chosen = run; });
+    return command;
+  }
+
+  void AddConvert() {
+    CLI::App& command = *app.add_subcommand("convert", "Convert values from one unit into another");
+    AddData(command, convert.data);
+    command.add_flag("--float", convert.single, "Convert in single precision");
+    command.add_option("FROM", convert.from, "Unit of the values")->required();
+    command.add_option("TO", convert.to, "Unit to convert them into")->required();
+    command.add_option("VALUE", convert.values, "Values; from standard input if none are given")
+        ->check(LeaveOver);
+    command.validate_positionals();
+    command.allow_extras();
+    command.callback([this, &command] {
+      convert.values = ValuesAmong(command.remaining(), command);
+      chosen = [this] { return RunConvert(convert, terminal); };
+    });
+  }
+
+  void AddMonitors() {
+    CLI::App& command = Add("monitors", "Show the monitors of a text file",
+                            [this] { return RunMonitors(monitors, terminal); });
+    AddUnitSystems(command, monitors.systems);
+    command
+        .add_option(
+            "FILE", monitors.file,
+            "Lines of tab-separated title, units, lower limit, upper limit, precision, value")
+        ->required();
+  }
+
+  void AddShow() {
+    CLI::App& command = Add("show", "Show readings as a driver would see them",
+                            [this] { return RunShow(show, terminal); });
+    AddUnitSystems(command, show.systems);
+    command.add_option("DATAUNIT=VALUE", show.readings,
+                       "Readings; from standard input, one a line, if none are given");
+  }
+
+  void AddUnits() {
+    AddData(Add("units", "List the source units and what each converts into",
+                [this] { return RunUnits(units, terminal); }),
+            units.data);
+  }
+
+  void AddCheck() {
+    CLI::App& command =
+        Add("check", "Find the mistakes in the data", [this] { return RunCheck(check, terminal); });
+    CLI::Option* data = AddData(command, check.data);
+    command.add_option("DIR", check.data.named, "The same as --data DIR")
+        ->type_name("")
+        ->excludes(data);
+    command.add_option("--name", check.base, "Base name of the association files; all if none")
+        ->type_name("BASE");
+    command.add_option("--format", check.format, "How to tell what was found")
+        ->check(CLI::IsMember({"text", "json", "sarif"}))
+        ->capture_default_str();
+    command.add_flag("--strict", check.strict, "Count warnings as errors");
+    command.add_option("--explain", check.explain, "Explain a rule instead")->type_name("RULE");
+  }
+
+  void AddGraph() {
+    AddData(Add("graph", "Print the conversions as a Graphviz document",
+                [this] { return RunGraph(graph); }),
+            graph.data);
+  }
+
+  void AddHelp() {
+    CLI::App& command = *app.add_subcommand("help", "Print help, for a command if one is named");
+    command.add_option("COMMAND", explained, "The command to explain");
+    command.callback([this] {
+      const CLI::App& named = explained.empty() ? app : Named(explained);
+      chosen = [this, &named] { return PrintHelp(named); };
+    });
+  }
+
+  const CLI::App& Named(const std::string& name) const {
+    for (const CLI::App* command : app.get_subcommands(nullptr)) {
+      if (command->get_name() == name) {
+        return *command;
+      }
+    }
+    throw CLI::ParseError(DescribeUnknownCommand(app, name), CLI::ExitCodes::ExtrasError);
+  }
+
+  int PrintHelp(const CLI::App& command) const {
+    const std::string title = app.get_name() + (explained.empty() ? "" : ' ' + explained);
+    std::cout << app.get_formatter()->make_help(&command, title, CLI::AppFormatMode::Normal);
+    return 0;
+  }
+
+  const Charset& terminal;
+  CLI::App app{"Converts vehicle and engine values between units"};
+  std::function<int()> chosen;
+  ConvertOptions convert;
+  MonitorsOptions monitors;
+  ShowOptions show;
+  UnitsOptions units;
+  CheckOptions check;
+  GraphOptions graph;
+  std::string explained;
+};
+
+}  // namespace
+
+int RunCommandLine(int argc, char** argv, const Charset& terminal) {
+  return CommandLine(terminal).Run(argc, argv);
+}
