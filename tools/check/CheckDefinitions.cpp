@@ -92,6 +92,17 @@ void ReportBreak(const model::File& file, const model::ToUnit& toUnit, const std
   findings.Add(file.At(*toUnit.conv), *rule, text, {from, toUnit.element->Attribute("id")});
 }
 
+// One that leaves each value as it is, is not used either, but does no harm.
+void CheckIntoItself(const model::File& file, const model::Conversions& conversions,
+                     const model::Conversion& conversion, Findings& findings) {
+  const std::string& unit = conversions.NameOf(conversion.from);
+  if (conversion.from == conversion.to && FormulaOf(*conversion.record) != "val") {
+    findings.Add(file.At(*conversion.element), kIntoItself,
+                 util::Quoted(unit) + " into itself is never used: the value stays as it is",
+                 {unit, unit});
+  }
+}
+
 void CheckRepeated(const model::File& file, const model::Conversions& conversions,
                    const model::Conversion& conversion, Findings& findings) {
   const std::string& from = conversions.NameOf(conversion.from);
@@ -125,6 +136,7 @@ void CheckDefinitions(const model::Model& model, Findings& findings) {
     }
   }
   for (const model::Conversion& conversion : model.definitions.conversions.All()) {
+    CheckIntoItself(file, model.definitions.conversions, conversion, findings);
     CheckRepeated(file, model.definitions.conversions, conversion, findings);
   }
 }

@@ -8,6 +8,8 @@ namespace check {
 inline constexpr Rule kMissingId{"missing-id", Severity::kError, "A definition without identifier"};
 inline constexpr Rule kTounitWithoutId{"tounit-without-id", Severity::kError,
                                        "A tounit without the attribute id"};
+inline constexpr Rule kIntoItself{"into-itself", Severity::kError,
+                                  "A conversion of a unit into itself"};
 inline constexpr Rule kTounitWithoutConv{"tounit-without-conv", Severity::kError,
                                          "A tounit without conv"};
 inline constexpr Rule kSecondConv{"second-conv", Severity::kWarning, "A second conv in one tounit"};

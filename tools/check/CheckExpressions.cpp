@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -77,6 +78,35 @@ std::string DescribeUnknown(const std::string& expression,
          (meansVal ? "; is " + util::Quoted(kVal) + " meant?" : "");
 }
 
+// The last comma outside of parentheses: what stands before it does not count.
+std::size_t FindStrayComma(const std::string& expression) {
+  int open = 0;
+  std::size_t comma = std::string::npos;
+  for (std::size_t i = 0; i < expression.size(); ++i) {
+    open += expression[i] == '(' ? 1 : expression[i] == ')' ? -1 : 0;
+    comma = expression[i] == ',' && open == 0 ? i : comma;
+  }
+  return comma;
+}
+
+// An equals sign that is not part of a comparison.
+std::size_t FindAssignment(const std::string& expression) {
+  std::size_t at = expression.find('=');
+  while (at != std::string::npos) {
+    if (at + 1 < expression.size() && expression[at + 1] == '=') {
+      ++at;
+    } else if (at == 0 || std::strchr("<>!", expression[at - 1]) == nullptr) {
+      return at;
+    }
+    at = expression.find('=', at + 1);
+  }
+  return at;
+}
+
+bool IsDigit(const std::string& text, std::size_t at) {
+  return at < text.size() && text[at] >= '0' && text[at] <= '9';
+}
+
 // Judges one expression after the other.
 class Expressions {
  public:
@@ -86,13 +116,16 @@ class Expressions {
     if (!CheckThatItCompiles(expression, place, subject)) {
       return;
     }
-    if (!UsesVal(expression)) {
-      findings.Add(
-          place, kExpressionWithoutVal,
-          "the expression " + util::Quoted(expression) + " does not use " + util::Quoted(kVal),
-          subject);
+    if (!CheckThatAllOfItCounts(expression, place, subject)) {
+      return;
     }
-    CheckThatItIsFinite(expression, place, subject);
+    const std::vector<double> results = Results(expression);
+    if (std::all_of(results.begin(), results.end(),
+                    [&results](double result) { return result == results.front(); })) {
+      ReportConstant(expression, results.front(), place, subject);
+    } else {
+      CheckThatItIsFinite(expression, results, place, subject);
+    }
   }
 
  private:
@@ -125,6 +158,53 @@ class Expressions {
     }
   }
 
+  bool CheckThatAllOfItCounts(const std::string& expression, const Place& place,
+                              const Subject& subject) {
+    if (const std::size_t at = FindAssignment(expression); at != std::string::npos) {
+      findings.Add(place, kAssignment,
+                   "the = in the expression " + util::Quoted(expression) +
+                       " gives a new value to what stands before it; is == or - meant?",
+                   subject);
+      return false;
+    }
+    const std::size_t at = FindStrayComma(expression);
+    if (at == std::string::npos) {
+      return true;
+    }
+    const bool decimal = at > 0 && IsDigit(expression, at - 1) && IsDigit(expression, at + 1);
+    findings.Add(place, kStrayComma,
+                 "of the expression " + util::Quoted(expression) +
+                     " only what follows the comma counts" +
+                     (decimal ? "; is a decimal point meant?" : ""),
+                 subject);
+    return false;
+  }
+
+  std::vector<double> Results(const std::string& expression) {
+    double& val = parser->variables[kVal];
+    std::vector<double> results;
+    for (const double value : SampleValues()) {
+      val = value;
+      results.push_back(parser->Evaluate(expression));
+    }
+    return results;
+  }
+
+  void ReportConstant(const std::string& expression, double result, const Place& place,
+                      const Subject& subject) {
+    if (UsesVal(expression)) {
+      findings.Add(place, kConstantExpression,
+                   "the expression " + util::Quoted(expression) + " gives " + FormatNumber(result) +
+                       " for every value",
+                   subject);
+    } else {
+      findings.Add(
+          place, kExpressionWithoutVal,
+          "the expression " + util::Quoted(expression) + " does not use " + util::Quoted(kVal),
+          subject);
+    }
+  }
+
   bool UsesVal(const std::string& expression) {
     parser->variables.erase(kVal);
     try {
@@ -135,20 +215,17 @@ class Expressions {
     }
   }
 
-  void CheckThatItIsFinite(const std::string& expression, const Place& place,
-                           const Subject& subject) {
-    double& val = parser->variables[kVal];
-    for (const double value : SampleValues()) {
-      val = value;
-      const double result = parser->Evaluate(expression);
-      if (!std::isfinite(result)) {
-        const std::string given = std::isnan(result) ? "no number" : FormatNumber(result);
-        findings.Add(place, kExpressionNotFinite,
-                     "the expression " + util::Quoted(expression) + " is not finite: it gives " +
-                         given + " for " + FormatNumber(value),
-                     subject);
-        return;
-      }
+  void CheckThatItIsFinite(const std::string& expression, const std::vector<double>& results,
+                           const Place& place, const Subject& subject) {
+    const auto found = std::find_if(results.begin(), results.end(),
+                                    [](double result) { return !std::isfinite(result); });
+    if (found != results.end()) {
+      const std::string given = std::isnan(*found) ? "no number" : FormatNumber(*found);
+      const double value = SampleValues()[static_cast<std::size_t>(found - results.begin())];
+      findings.Add(place, kExpressionNotFinite,
+                   "the expression " + util::Quoted(expression) + " is not finite: it gives " +
+                       given + " for " + FormatNumber(value),
+                   subject);
     }
   }
 

@@ -9,6 +9,12 @@ inline constexpr Rule kBadExpression{"bad-expression", Severity::kError,
                                      "An expression that does not compile"};
 inline constexpr Rule kUnknownVariable{"unknown-variable", Severity::kError,
                                        "An expression with a name that is not there"};
+inline constexpr Rule kStrayComma{"stray-comma", Severity::kError,
+                                  "An expression of which only the part after a comma counts"};
+inline constexpr Rule kAssignment{"assignment", Severity::kError,
+                                  "An expression that assigns where it should compare or subtract"};
+inline constexpr Rule kConstantExpression{"constant-expression", Severity::kError,
+                                          "An expression that gives the same for every value"};
 inline constexpr Rule kExpressionWithoutVal{"expression-without-val", Severity::kWarning,
                                             "An expression that does not use val"};
 inline constexpr Rule kExpressionNotFinite{"expression-not-finite", Severity::kWarning,

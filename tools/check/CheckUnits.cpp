@@ -1,5 +1,6 @@
 #include "check/CheckUnits.h"
 
+#include <algorithm>
 #include <cctype>
 #include <map>
 #include <set>
@@ -35,8 +36,9 @@ class Units {
  private:
   void Collect();
   void CheckSpelling() const;
+  void CheckThatTheyAreUsed() const;
   void Name(const std::string& unit, const Place& place);
-  void CheckMeaning(const std::string& shown, const std::set<int>& shownUnits) const;
+  void CheckMeaning(const std::string& label, const std::set<int>& shownUnits) const;
   std::set<int> ReachableWithout(int start, int avoided, const std::set<int>& sought) const;
 
   const model::Model& model;
@@ -46,6 +48,8 @@ class Units {
   std::vector<std::string> names;                  // of all units, as they come
   std::unordered_map<std::string, Place> places;   // where each unit is named first
   std::set<std::string> declared;                  // associated with themselves
+  std::set<std::string> received;                  // data units
+  std::set<std::string> shown;                     // display units
   std::map<std::string, std::set<int>> dataUnits;  // that a display unit shows
 };
 
@@ -58,6 +62,8 @@ void Units::Collect() {
   for (const model::UnitSystem& system : model.systems) {
     for (const auto& [unit, display] : system.displays) {
       Name(unit, display.association->At());
+      received.insert(unit);
+      shown.insert(display.label);
       const model::Conversion* conversion = conversions.Find(unit, display.label);
       if (display.label == unit) {
         declared.insert(unit);
@@ -77,9 +83,10 @@ void Units::Name(const std::string& unit, const Place& place) {
 void Units::Check() {
   Collect();
   CheckSpelling();
-  for (const auto& [shown, units] : dataUnits) {
+  CheckThatTheyAreUsed();
+  for (const auto& [label, units] : dataUnits) {
     if (units.size() > 1) {
-      CheckMeaning(shown, units);
+      CheckMeaning(label, units);
     }
   }
 }
@@ -99,10 +106,36 @@ void Units::CheckSpelling() const {
   }
 }
 
+// A value arrives in a data unit and is shown in one that this converts into. Another base name may
+// have other data units.
+void Units::CheckThatTheyAreUsed() const {
+  const bool whole = std::all_of(model.systems.begin(), model.systems.end(),
+                                 [](const auto& system) { return system.obstacles.empty(); });
+  if (model.systems.empty() || model.base || !whole) {
+    return;
+  }
+  std::vector<bool> isTarget(static_cast<std::size_t>(conversions.UnitCount()));
+  for (const model::Conversion& conversion : conversions.All()) {
+    if (received.count(conversions.NameOf(conversion.from)) != 0) {
+      isTarget[static_cast<std::size_t>(conversion.to)] = true;
+    }
+  }
+  for (int unit = 0; unit < conversions.UnitCount(); ++unit) {
+    const std::string& name = conversions.NameOf(unit);
+    if (received.count(name) + shown.count(name) == 0 &&
+        !isTarget[static_cast<std::size_t>(unit)]) {
+      findings.Add(places.at(name), kUnreachable,
+                   "no unit system associates " + util::Quoted(name) +
+                       ", and no data unit converts into it: its conversions are never used",
+                   {name, ""});
+    }
+  }
+}
+
 // A display unit means two things when, without it, the data units that it shows fall apart into
 // groups which have other units of their own.
-void Units::CheckMeaning(const std::string& shown, const std::set<int>& shownUnits) const {
-  const int avoided = *conversions.Find(shown);
+void Units::CheckMeaning(const std::string& label, const std::set<int>& shownUnits) const {
+  const int avoided = *conversions.Find(label);
   std::set<int> left = shownUnits;
   std::vector<int> groups;  // one unit of each
   while (!left.empty() && groups.size() < 2) {
@@ -116,12 +149,12 @@ void Units::CheckMeaning(const std::string& shown, const std::set<int>& shownUni
     }
   }
   if (groups.size() == 2) {
-    findings.Add(places.at(shown), kMixedQuantities,
-                 util::Quoted(shown) + " is all that connects " +
+    findings.Add(places.at(label), kMixedQuantities,
+                 util::Quoted(label) + " is all that connects " +
                      util::Quoted(conversions.NameOf(groups[0])) + " with " +
                      util::Quoted(conversions.NameOf(groups[1])) +
                      ": does it mean the same for both?",
-                 {shown, ""});
+                 {label, ""});
   }
 }
 

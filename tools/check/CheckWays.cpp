@@ -1,17 +1,21 @@
 #include "check/CheckWays.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <exception>
-#include <map>
-#include <set>
+#include <iterator>
+#include <optional>
 #include <string>
-#include <utility>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "check/CheckConstants.h"
-#include "check/Comparison.h"
-#include "check/Formula.h"
+#include "check/Consensus.h"
+#include "check/Readings.h"
 #include "text/Numbers.h"
 #include "util/Text.h"
 
@@ -19,27 +23,49 @@ namespace check {
 
 namespace {
 
-using Pair = std::pair<int, int>;
-
-Pair PairOf(const model::Conversion* conversion) {
-  return std::minmax(conversion->from, conversion->to);
-}
-
-std::string Describe(const Difference& difference) {
-  char error[32];
-  std::snprintf(error, sizeof(error), "%.2g", difference.error);
-  return std::string("by a relative error of ") + error + " at " + FormatNumber(difference.at);
-}
-
 bool IsLinear(const model::Conversion& conversion) {
   return conversion.record->conversionType == VehicleV2::CONVERSION_SLOPE_INT;
 }
 
-Way Both(const Way& one, const Way& other) {
-  Way both = one;
-  both.insert(both.end(), other.begin(), other.end());
-  return both;
+std::string Format(const char* format, double number) {
+  char text[32];
+  std::snprintf(text, sizeof(text), format, number);
+  return text;
 }
+
+// A value for which two ways differ, and what it becomes.
+struct Example {
+  double value;
+  double got;
+  double expected;
+};
+
+// `number` with as many digits as tell it from `other`, six at least.
+std::string Brief(double number, double other) {
+  for (int digits = 6; digits < 17; ++digits) {
+    char text[32];
+    char otherText[32];
+    std::snprintf(text, sizeof(text), "%.*g", digits, number);
+    std::snprintf(otherText, sizeof(otherText), "%.*g", digits, other);
+    if (std::strcmp(text, otherText) != 0) {
+      return text;
+    }
+  }
+  return FormatNumber(number);
+}
+
+// " (1 % off)"
+std::string Off(const Example& example) {
+  const double error = std::abs(example.got - example.expected);
+  if (example.expected == 0) {
+    return "";
+  }
+  const double percent = 100 * error / std::abs(example.expected);
+  return " (" + Format(percent >= 10 && percent < 1e6 ? "%.0f" : "%.2g", percent) + " % off)";
+}
+
+// Two steps, and the conversion that does the same at once.
+using Triangle = std::array<const model::Conversion*, 3>;
 
 // Whether `conversion` leads to another unit and can be applied as its author has written it.
 bool CanBeApplied(const model::Conversion& conversion, Evaluator& evaluator) {
@@ -57,238 +83,336 @@ bool CanBeApplied(const model::Conversion& conversion, Evaluator& evaluator) {
 
 class Ways {
  public:
-  Ways(const model::Model& model, Findings& findings)
+  Ways(const model::Model& model, Findings& findings, Progress& progress)
       : file(*model.conversionFile),
         conversions(model.definitions.conversions),
-        findings(findings) {}
+        findings(findings),
+        progress(progress),
+        usable(conversions.All().size()),
+        borneOut(conversions.All().size()),
+        heads(static_cast<std::size_t>(conversions.UnitCount())),
+        groups(heads.size()) {}
 
-  void Check(Progress& progress);
+  void Check();
 
  private:
-  // Two ways from one unit to another that disagree.
-  struct Loop {
-    Way one;
-    Way other;
-    const model::Conversion* closing;  // the one to blame where nothing else tells
-    Difference difference;
-  };
+  using List = std::vector<const model::Conversion*>;
 
-  // A tree of two-way conversions over all units; the root of each group has no parent.
-  struct Tree {
-    std::vector<int> parents;
-    std::vector<int> depths;
-  };
+  std::vector<List> GroupsOf(const List& list);
+  int HeadOf(int unit);
+  void CheckGroup(const List& members);
+  void CheckContradicted(const Consensus& consensus, const model::Conversion& conversion);
+  void CheckPair(const model::Conversion& there, const model::Conversion& back);
+  void ReportContradiction(const Consensus& consensus, const Way& way);
+  void FindTriangles(const model::Conversion& first);
+  void CheckTriangles();
+  void Report(const Rule& rule, const List& suspects, const std::string& text);
 
-  void CheckWayBack(const model::Conversion& there, const model::Conversion& back);
-  Tree GrowTree() const;
-  void CheckAgainstTree(const Tree& tree, const model::Conversion& conversion);
-  void CheckTriangles(const model::Conversion& first);
-  void AddLoop(const Way& one, const Way& other, const model::Conversion& closing);
-  void ReportLoops();
-  void Report(const Loop& loop, const model::Conversion& blamed);
+  std::optional<Example> ExampleOf(const Way& one, const Way& other);
+  Example ExampleOf(const Consensus& consensus, const model::Conversion& conversion);
+  std::string DescribeReturn(const model::Conversion& there, const model::Conversion& back);
+  std::string Describe(const model::Conversion& conversion, const Way& other,
+                       const Example& example);
+  bool IsUsable(const model::Conversion* conversion);
+  bool AreInOneGroup(const Triangle& triangle) const;
 
-  std::size_t PositionOf(const model::Conversion& conversion) const;
-  bool IsSound(const model::Conversion* conversion) const;
-  bool IsTwoWay(const model::Conversion& conversion) const;
-  std::string NamesOf(const Way& way) const;
+  const model::Conversion* BackOf(const model::Conversion& conversion) const {
+    return conversions.Find(conversion.to, conversion.from);
+  }
+  std::size_t PositionOf(const model::Conversion& conversion) const {
+    return static_cast<std::size_t>(&conversion - conversions.All().data());
+  }
+  int& At(std::vector<int>& numbers, int unit) { return numbers[static_cast<std::size_t>(unit)]; }
+  Subject SubjectOf(const model::Conversion& conversion) const {
+    return {conversions.NameOf(conversion.from), conversions.NameOf(conversion.to)};
+  }
+  Place PlaceOf(const model::Conversion& conversion) const { return file.At(*conversion.element); }
+  std::string LineOf(const model::Conversion& conversion) const {
+    return std::to_string(PlaceOf(conversion).line);
+  }
+  bool IsTold(const model::Conversion* conversion) const { return told.count(conversion) != 0; }
 
-  // A conversion is sound when it can be applied, leads to another unit, and is not at odds with
-  // its way back: it is then blamed for that alone.
   const model::File& file;
   const model::Conversions& conversions;
   Findings& findings;
-  Comparison comparison;
-  std::vector<bool> sound;  // by position in the conversions
-  std::vector<Loop> loops;
+  Progress& progress;
+  Evaluator evaluator;
+  std::vector<std::optional<bool>> usable;  // by position in the conversions, once it is asked
+  std::vector<bool> borneOut;               // by position: whether others agree with it
+  std::vector<int> heads;                   // by unit: another one of its group, or itself
+  std::vector<int> groups;                  // by unit: the number of its group; 0 for none
+  std::unordered_set<const model::Conversion*> told;
+  std::vector<Triangle> disagreeing;
 };
 
-void Ways::Check(Progress& progress) {
+void Ways::Check() {
   const auto& all = conversions.All();
-  Evaluator evaluator;
-  for (const model::Conversion& conversion : all) {
-    sound.push_back(CanBeApplied(conversion, evaluator));
-  }
   progress.Begin("comparing ways there and back", 2 * all.size());
+  List list;
   for (const model::Conversion& conversion : all) {
-    const model::Conversion* back = conversions.Find(conversion.to, conversion.from);
-    if (IsSound(&conversion) && IsSound(back) && back > &conversion) {
-      CheckWayBack(conversion, *back);
+    list.push_back(&conversion);
+  }
+  int count = 0;
+  for (const List& linked : GroupsOf(list)) {
+    List applicable;
+    std::copy_if(linked.begin(), linked.end(), std::back_inserter(applicable),
+                 [this](const model::Conversion* each) { return IsUsable(each); });
+    for (const List& members : GroupsOf(applicable)) {
+      ++count;
+      for (const model::Conversion* member : members) {
+        At(groups, member->from) = At(groups, member->to) = count;
+        progress.Step();
+      }
+      CheckGroup(members);
     }
+  }
+  for (const model::Conversion& conversion : all) {
+    FindTriangles(conversion);
     progress.Step();
   }
-  const Tree tree = GrowTree();
-  for (const model::Conversion& conversion : all) {
-    if (IsTwoWay(conversion)) {
-      CheckAgainstTree(tree, conversion);
-    }
-    if (IsSound(&conversion)) {
-      CheckTriangles(conversion);
-    }
-    progress.Step();
-  }
-  ReportLoops();
+  CheckTriangles();
 }
 
-void Ways::CheckWayBack(const model::Conversion& there, const model::Conversion& back) {
-  const model::Conversion* start = &there;
-  Difference difference = comparison.Compare({&there, &back}, {});
-  if (difference.error == 0 && !(IsLinear(there) && IsLinear(back))) {
-    start = &back;
-    difference = comparison.Compare({&back, &there}, {});
+// The conversions among the units of each group that conversions there and back link; those that
+// are not known to be unusable count.
+std::vector<Ways::List> Ways::GroupsOf(const List& list) {
+  for (const model::Conversion* conversion : list) {
+    At(heads, conversion->from) = conversion->from;
+    At(heads, conversion->to) = conversion->to;
   }
-  if (difference.error == 0) {
+  for (const model::Conversion* conversion : list) {
+    const model::Conversion* back = BackOf(*conversion);
+    if (back != nullptr && usable[PositionOf(*back)].value_or(true)) {
+      At(heads, HeadOf(conversion->from)) = HeadOf(conversion->to);
+    }
+  }
+  std::unordered_map<int, std::size_t> numbers;
+  std::vector<List> found;
+  for (const model::Conversion* conversion : list) {
+    const int head = HeadOf(conversion->from);
+    if (conversion->from != conversion->to && head == HeadOf(conversion->to)) {
+      const auto [entry, added] = numbers.emplace(head, found.size());
+      if (added) {
+        found.emplace_back();
+      }
+      found[entry->second].push_back(conversion);
+    }
+  }
+  return found;
+}
+
+int Ways::HeadOf(int unit) {
+  while (At(heads, unit) != unit) {
+    unit = At(heads, unit) = At(heads, At(heads, unit));
+  }
+  return unit;
+}
+
+void Ways::CheckGroup(const List& members) {
+  const Consensus consensus(members, evaluator);
+  for (const model::Conversion* conversion : consensus.Contradicted()) {
+    if (!IsTold(conversion)) {
+      CheckContradicted(consensus, *conversion);
+    }
+  }
+  for (const model::Conversion* there : members) {
+    const model::Conversion* back = BackOf(*there);
+    if (IsUsable(back)) {
+      if (back > there && !IsTold(there) && !IsTold(back)) {
+        CheckPair(*there, *back);
+      }
+      borneOut[PositionOf(*there)] = !IsTold(there);
+    }
+  }
+}
+
+// It stands alone against the others, or they contradict its way back with it.
+void Ways::CheckContradicted(const Consensus& consensus, const model::Conversion& conversion) {
+  const model::Conversion* back = BackOf(conversion);
+  if (!IsUsable(back)) {
+    ReportContradiction(consensus, {&conversion});
     return;
   }
-  sound[PositionOf(there)] = false;
-  sound[PositionOf(back)] = false;
-  const std::string from = conversions.NameOf(there.from);
-  const std::string to = conversions.NameOf(there.to);
-  findings.Add(file.At(*back.element), kNotInverse,
-               util::Quoted(to) + " into " + util::Quoted(from) + " is not the inverse of " +
-                   util::Quoted(from) + " into " + util::Quoted(to) + " at " +
-                   ToMessage(file.At(*there.element)) + ": there and back differs " +
-                   Describe(difference) + " " + util::Quoted(conversions.NameOf(start->from)),
-               {to, from});
+  const std::optional<Example> gone = ExampleOf({&conversion, back}, {});
+  if (!gone && consensus.Contradicts(*back)) {
+    ReportContradiction(consensus, {&conversion, back});
+  } else if (!gone || consensus.Contradicts(*back)) {
+    ReportContradiction(consensus, {&conversion});
+  } else if (consensus.Alternatives({&conversion}).empty()) {
+    told.insert(&conversion);
+    const std::string reason =
+        consensus.IsIdentity(*back)
+            ? ""
+            : "; the other conversions agree with the way back in line " + LineOf(*back);
+    findings.Add(PlaceOf(conversion), kNotInverse, DescribeReturn(conversion, *back) + reason,
+                 SubjectOf(conversion));
+  } else {
+    Report(kNotInverse, {&conversion, back}, DescribeReturn(conversion, *back));
+  }
 }
 
-Ways::Tree Ways::GrowTree() const {
-  const auto count = static_cast<std::size_t>(conversions.UnitCount());
-  Tree tree{std::vector<int>(count, -1), std::vector<int>(count, -1)};
-  std::vector<int> queue;
-  for (int root = 0; root < conversions.UnitCount(); ++root) {
-    if (tree.depths[static_cast<std::size_t>(root)] >= 0) {
-      continue;
-    }
-    tree.depths[static_cast<std::size_t>(root)] = 0;
-    queue.assign(1, root);
-    for (std::size_t i = 0; i < queue.size(); ++i) {
-      const int unit = queue[i];
-      for (const int next : conversions.TargetsOf(unit)) {
-        int& depth = tree.depths[static_cast<std::size_t>(next)];
-        if (depth < 0 && IsTwoWay(*conversions.Find(unit, next))) {
-          depth = tree.depths[static_cast<std::size_t>(unit)] + 1;
-          tree.parents[static_cast<std::size_t>(next)] = unit;
-          queue.push_back(next);
-        }
+void Ways::CheckPair(const model::Conversion& there, const model::Conversion& back) {
+  if (ExampleOf({&there, &back}, {})) {
+    Report(kNotInverse, {&there, &back}, DescribeReturn(there, back));
+  } else if (!(IsLinear(there) && IsLinear(back)) && ExampleOf({&back, &there}, {})) {
+    Report(kNotInverse, {&there, &back}, DescribeReturn(back, there));
+  }
+}
+
+void Ways::ReportContradiction(const Consensus& consensus, const Way& way) {
+  const model::Conversion& first = *way.front();
+  const Way other = consensus.FindWay(first.from, first.to);
+  const std::optional<Example> example = ExampleOf({&first}, other);
+  std::string text = other.empty() || !example ? Describe(first, other, ExampleOf(consensus, first))
+                                               : Describe(first, other, *example);
+  List suspects;
+  for (const Way& alternative : consensus.Alternatives(way)) {
+    suspects.push_back(alternative.front());
+    told.insert(alternative.begin(), alternative.end());
+  }
+  if (suspects.empty() || !consensus.IsIdentity(first)) {
+    suspects.insert(suspects.begin(), &first);
+  }
+  if (suspects.size() == 1 && way.size() > 1) {
+    text += "; its way back in line " + LineOf(*way.back()) + " is wrong in the same way";
+  }
+  told.insert(way.begin(), way.end());
+  Report(kWaysDisagree, suspects, text);
+}
+
+void Ways::Report(const Rule& rule, const List& suspects, const std::string& text) {
+  for (const model::Conversion* suspect : suspects) {
+    std::string others;
+    for (const model::Conversion* other : suspects) {
+      if (other != suspect) {
+        const Subject subject = SubjectOf(*other);
+        others += (others.empty() ? "; this is wrong, or " : ", or ") + util::Quoted(subject.from) +
+                  " into " + util::Quoted(subject.to) + " in line " + LineOf(*other);
       }
     }
+    told.insert(suspect);
+    findings.Add(PlaceOf(*suspect), rule, text + others, SubjectOf(*suspect));
   }
-  return tree;
 }
 
-// A conversion outside of the tree closes a loop with the branches of its two units.
-void Ways::CheckAgainstTree(const Tree& tree, const model::Conversion& conversion) {
-  int from = conversion.from;
-  int to = conversion.to;
-  const auto parentOf = [&tree](int unit) { return tree.parents[static_cast<std::size_t>(unit)]; };
-  const auto depthOf = [&tree](int unit) { return tree.depths[static_cast<std::size_t>(unit)]; };
-  if (from >= to || parentOf(from) == to || parentOf(to) == from) {
-    return;
-  }
-  Way one{&conversion};
-  Way other;
-  const auto climb = [&](int& unit, Way& way) {
-    way.insert(way.begin(), conversions.Find(parentOf(unit), unit));
-    unit = parentOf(unit);
-  };
-  while (from != to) {
-    if (depthOf(from) >= depthOf(to)) {
-      climb(from, one);
-    } else {
-      climb(to, other);
-    }
-  }
-  AddLoop(one, other, conversion);
-}
-
-// Loops of two-way conversions are found by the tree; here are those with others in them.
-void Ways::CheckTriangles(const model::Conversion& first) {
+// Those of one group have been judged by it.
+void Ways::FindTriangles(const model::Conversion& first) {
   const std::vector<int>& fromA = conversions.TargetsOf(first.from);
   const std::vector<int>& fromB = conversions.TargetsOf(first.to);
   for (const int c : fromA.size() < fromB.size() ? fromA : fromB) {
-    const model::Conversion* second = conversions.Find(first.to, c);
-    const model::Conversion* direct = conversions.Find(first.from, c);
-    if (IsSound(second) && IsSound(direct) &&
-        !(IsTwoWay(first) && IsTwoWay(*second) && IsTwoWay(*direct))) {
-      AddLoop({&first, second}, {direct}, *direct);
+    const Triangle triangle{&first, conversions.Find(first.to, c), conversions.Find(first.from, c)};
+    if (triangle[1] == nullptr || triangle[2] == nullptr || AreInOneGroup(triangle) ||
+        !std::all_of(triangle.begin(), triangle.end(),
+                     [this](const model::Conversion* each) { return IsUsable(each); })) {
+      continue;
+    }
+    if (ExampleOf({triangle[0], triangle[1]}, {triangle[2]})) {
+      disagreeing.push_back(triangle);
+    } else {
+      for (const model::Conversion* each : triangle) {
+        borneOut[PositionOf(*each)] = true;
+      }
     }
   }
 }
 
-void Ways::AddLoop(const Way& one, const Way& other, const model::Conversion& closing) {
-  const Difference difference = comparison.Compare(one, other);
-  if (difference.error > 0) {
-    loops.push_back({one, other, &closing, difference});
-  }
-}
-
-// A wrong conversion spoils every loop that it is part of: the one that is in most of them is
-// blamed, once, for all of them.
-void Ways::ReportLoops() {
-  std::map<Pair, int> counts;
-  for (const Loop& loop : loops) {
-    for (const model::Conversion* conversion : Both(loop.one, loop.other)) {
-      ++counts[PairOf(conversion)];
+// A wrong conversion spoils every triangle that it is part of: those that nothing bears out and
+// that are in most of them are blamed, once, for all of them.
+void Ways::CheckTriangles() {
+  std::unordered_map<const model::Conversion*, int> counts;
+  for (const Triangle& triangle : disagreeing) {
+    for (const model::Conversion* each : triangle) {
+      counts[each] += borneOut[PositionOf(*each)] ? 0 : 1;
     }
   }
-  const auto blamedOf = [&counts](const Loop& loop) {
-    const model::Conversion* blamed = loop.closing;
-    for (const model::Conversion* conversion : Both(loop.one, loop.other)) {
-      blamed = counts[PairOf(conversion)] > counts[PairOf(blamed)] ? conversion : blamed;
-    }
-    return blamed;
+  const auto most = [&counts](const Triangle& triangle) {
+    return std::max({counts[triangle[0]], counts[triangle[1]], counts[triangle[2]]});
   };
-  std::stable_sort(loops.begin(), loops.end(), [&](const Loop& a, const Loop& b) {
-    return counts[PairOf(blamedOf(a))] > counts[PairOf(blamedOf(b))];
-  });
-  std::set<Pair> blamed;
-  for (const Loop& loop : loops) {
-    const Way both = Both(loop.one, loop.other);
-    const bool explained = std::any_of(
-        both.begin(), both.end(),
-        [&](const model::Conversion* conversion) { return blamed.count(PairOf(conversion)) != 0; });
-    if (!explained) {
-      const model::Conversion* most = blamedOf(loop);
-      blamed.insert(PairOf(most));
-      Report(loop, *most);
+  std::stable_sort(disagreeing.begin(), disagreeing.end(),
+                   [&most](const Triangle& a, const Triangle& b) { return most(a) > most(b); });
+  for (const Triangle& triangle : disagreeing) {
+    if (std::none_of(triangle.begin(), triangle.end(),
+                     [this](const model::Conversion* each) { return IsTold(each); })) {
+      List suspects;
+      std::copy_if(triangle.rbegin(), triangle.rend(), std::back_inserter(suspects),
+                   [&](const model::Conversion* each) { return counts[each] == most(triangle); });
+      const Way steps{triangle[0], triangle[1]};
+      Report(kWaysDisagree, suspects,
+             Describe(*triangle[2], steps, *ExampleOf({triangle[2]}, steps)));
     }
   }
 }
 
-void Ways::Report(const Loop& loop, const model::Conversion& blamed) {
-  const std::string from = conversions.NameOf(blamed.from);
-  const std::string to = conversions.NameOf(blamed.to);
-  findings.Add(file.At(*blamed.element), kWaysDisagree,
-               util::Quoted(from) + " into " + util::Quoted(to) +
-                   " does not fit: " + NamesOf(loop.one) + " and " + NamesOf(loop.other) +
-                   " differ " + Describe(loop.difference),
-               {from, to});
-}
-
-std::size_t Ways::PositionOf(const model::Conversion& conversion) const {
-  return static_cast<std::size_t>(&conversion - conversions.All().data());
-}
-
-bool Ways::IsSound(const model::Conversion* conversion) const {
-  return conversion != nullptr && sound[PositionOf(*conversion)];
-}
-
-bool Ways::IsTwoWay(const model::Conversion& conversion) const {
-  return IsSound(&conversion) && IsSound(conversions.Find(conversion.to, conversion.from));
-}
-
-std::string Ways::NamesOf(const Way& way) const {
-  std::string names = util::Quoted(conversions.NameOf(way.front()->from));
-  for (const model::Conversion* conversion : way) {
-    names += " -> " + util::Quoted(conversions.NameOf(conversion->to));
+// A round value, if it shows the difference.
+std::optional<Example> Ways::ExampleOf(const Way& one, const Way& other) {
+  for (const double value : {100.0, -100.0}) {
+    const Reading got = Follow(one, {value, std::abs(value)}, evaluator);
+    const Reading expected = Follow(other, {value, std::abs(value)}, evaluator);
+    if (DifferenceOf(got, expected) > 0) {
+      return Example{value, got.value, expected.value};
+    }
   }
-  return names;
+  const Readings samples = SampleReadings();
+  const Readings all = Follow(one, samples, evaluator);
+  const Readings allExpected = Follow(other, samples, evaluator);
+  const std::size_t at = FindGreatestDifference(all, allExpected);
+  if (at == samples.size()) {
+    return std::nullopt;
+  }
+  return Example{samples[at].value, all[at].value, allExpected[at].value};
+}
+
+Example Ways::ExampleOf(const Consensus& consensus, const model::Conversion& conversion) {
+  const Readings& values = consensus.Of(conversion.from);
+  const Readings got = Follow(conversion, values, evaluator);
+  const Readings& expected = consensus.Of(conversion.to);
+  const std::size_t at = FindGreatestDifference(got, expected);
+  return {values[at].value, got[at].value, expected[at].value};
+}
+
+std::string Ways::DescribeReturn(const model::Conversion& there, const model::Conversion& back) {
+  const Example example = *ExampleOf({&there, &back}, {});
+  return Format("%.6g", example.value) + ' ' + conversions.NameOf(there.from) + " to " +
+         conversions.NameOf(there.to) + " and back gives " + Brief(example.got, example.value) +
+         Off(example);
+}
+
+std::string Ways::Describe(const model::Conversion& conversion, const Way& other,
+                           const Example& example) {
+  std::vector<std::string> between;
+  for (const model::Conversion* step : other) {
+    if (step != other.back()) {
+      between.push_back(conversions.NameOf(step->to));
+    }
+  }
+  return Format("%.6g", example.value) + ' ' + conversions.NameOf(conversion.from) + " to " +
+         conversions.NameOf(conversion.to) + " gives " + Brief(example.got, example.expected) +
+         ", but " +
+         (between.empty() ? "by the other conversions" : "by way of " + util::Join(between)) + ' ' +
+         Brief(example.expected, example.got) + Off(example);
+}
+
+bool Ways::IsUsable(const model::Conversion* conversion) {
+  if (conversion == nullptr) {
+    return false;
+  }
+  std::optional<bool>& known = usable[PositionOf(*conversion)];
+  if (!known) {
+    known = CanBeApplied(*conversion, evaluator);
+  }
+  return *known;
+}
+
+bool Ways::AreInOneGroup(const Triangle& triangle) const {
+  const auto groupOf = [this](int unit) { return groups[static_cast<std::size_t>(unit)]; };
+  const int group = groupOf(triangle[0]->from);
+  return group != 0 && group == groupOf(triangle[1]->from) && group == groupOf(triangle[2]->to);
 }
 
 }  // namespace
 
 void CheckWays(const model::Model& model, Findings& findings, Progress& progress) {
-  Ways(model, findings).Check(progress);
+  Ways(model, findings, progress).Check();
 }
 
 }  // namespace check

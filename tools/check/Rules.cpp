@@ -19,16 +19,21 @@ const char* NameOf(Severity severity) { return severity == Severity::kError ? "e
 
 const std::vector<const Rule*>& Rules() {
   static const std::vector<const Rule*> rules{
-      &kMissingFile,          &kNotLoaded,           &kNotWellFormed,      &kWrongRoot,
-      &kBadEncoding,          &kForeignEncoding,     &kUnreadFile,         &kMissingInclude,
-      &kEmptyInclude,         &kIncludeCycle,        &kMisspeltName,       &kUnreadElement,
-      &kUnreadAttribute,      &kReadAsTounit,        &kFieldGivenTwice,    &kMissingId,
-      &kTounitWithoutId,      &kTounitWithoutConv,   &kSecondConv,         &kUnknownType,
-      &kUnusableType,         &kConvWithoutFormula,  &kMissingConstant,    &kBadNumber,
-      &kNumberNotFinite,      &kZeroScalar,          &kBadExpression,      &kUnknownVariable,
-      &kExpressionWithoutVal, &kExpressionNotFinite, &kRepeatedDefinition, &kNotInverse,
-      &kWaysDisagree,         &kSimilarUnits,        &kMixedQuantities,    &kEmptyTounit,
-      &kNoConversion,         &kNoWayBack,           &kNotInEverySystem,   &kWithoutEffect,
+      &kMissingFile,         &kNotLoaded,          &kNotWellFormed,
+      &kWrongRoot,           &kBadEncoding,        &kForeignEncoding,
+      &kUnreadFile,          &kMissingInclude,     &kEmptyInclude,
+      &kIncludeCycle,        &kMisspeltName,       &kUnreadElement,
+      &kUnreadAttribute,     &kReadAsTounit,       &kFieldGivenTwice,
+      &kMissingId,           &kTounitWithoutId,    &kIntoItself,
+      &kTounitWithoutConv,   &kSecondConv,         &kUnknownType,
+      &kUnusableType,        &kConvWithoutFormula, &kMissingConstant,
+      &kBadNumber,           &kNumberNotFinite,    &kZeroScalar,
+      &kBadExpression,       &kUnknownVariable,    &kStrayComma,
+      &kAssignment,          &kConstantExpression, &kExpressionWithoutVal,
+      &kExpressionNotFinite, &kRepeatedDefinition, &kNotInverse,
+      &kWaysDisagree,        &kSimilarUnits,       &kMixedQuantities,
+      &kEmptyTounit,         &kNoConversion,       &kNoWayBack,
+      &kNotInEverySystem,    &kUnreachable,        &kWithoutEffect,
   };
   return rules;
 }
