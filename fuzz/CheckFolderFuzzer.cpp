@@ -62,7 +62,7 @@ void RequireThatAllIsShown(const ScratchFolder& folder) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const ScratchFolder folder;
   WriteFiles(folder, std::string(reinterpret_cast<const char*>(data), size));
-  const model::Model model = model::ReadModel(folder.Path(), std::nullopt);
+  const model::Model model = model::ReadModel(folder.Path(), std::nullopt, std::nullopt);
   check::Progress progress;
   const report::Result result{check::Check(model, progress), check::CountFiles(model)};
   std::ostringstream told;

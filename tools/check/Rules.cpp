@@ -10,6 +10,7 @@
 #include "check/CheckExpressions.h"
 #include "check/CheckIncludes.h"
 #include "check/CheckNames.h"
+#include "check/CheckSamples.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
 
@@ -19,16 +20,49 @@ const char* NameOf(Severity severity) { return severity == Severity::kError ? "e
 
 const std::vector<const Rule*>& Rules() {
   static const std::vector<const Rule*> rules{
-      &kMissingFile,          &kNotLoaded,           &kNotWellFormed,      &kWrongRoot,
-      &kBadEncoding,          &kForeignEncoding,     &kUnreadFile,         &kMissingInclude,
-      &kEmptyInclude,         &kIncludeCycle,        &kMisspeltName,       &kUnreadElement,
-      &kUnreadAttribute,      &kReadAsTounit,        &kFieldGivenTwice,    &kMissingId,
-      &kTounitWithoutId,      &kTounitWithoutConv,   &kSecondConv,         &kUnknownType,
-      &kUnusableType,         &kConvWithoutFormula,  &kMissingConstant,    &kBadNumber,
-      &kNumberNotFinite,      &kZeroScalar,          &kBadExpression,      &kUnknownVariable,
-      &kExpressionWithoutVal, &kExpressionNotFinite, &kRepeatedDefinition, &kNotInverse,
-      &kWaysDisagree,         &kSimilarUnits,        &kMixedQuantities,    &kEmptyTounit,
-      &kNoConversion,         &kNoWayBack,           &kNotInEverySystem,   &kWithoutEffect,
+      &kMissingFile,
+      &kNotLoaded,
+      &kNotWellFormed,
+      &kWrongRoot,
+      &kBadEncoding,
+      &kForeignEncoding,
+      &kUnreadFile,
+      &kMissingInclude,
+      &kEmptyInclude,
+      &kIncludeCycle,
+      &kMisspeltName,
+      &kUnreadElement,
+      &kUnreadAttribute,
+      &kReadAsTounit,
+      &kFieldGivenTwice,
+      &kMissingId,
+      &kTounitWithoutId,
+      &kTounitWithoutConv,
+      &kSecondConv,
+      &kUnknownType,
+      &kUnusableType,
+      &kConvWithoutFormula,
+      &kMissingConstant,
+      &kBadNumber,
+      &kNumberNotFinite,
+      &kZeroScalar,
+      &kBadExpression,
+      &kUnknownVariable,
+      &kExpressionWithoutVal,
+      &kExpressionNotFinite,
+      &kRepeatedDefinition,
+      &kNotInverse,
+      &kWaysDisagree,
+      &kSimilarUnits,
+      &kMixedQuantities,
+      &kKnownValueDiffers,
+      &kNoSuchConversion,
+      &kBadSample,
+      &kEmptyTounit,
+      &kNoConversion,
+      &kNoWayBack,
+      &kNotInEverySystem,
+      &kWithoutEffect,
   };
   return rules;
 }
