@@ -82,9 +82,9 @@ std::optional<Numbers> ReadNumbers(const Sample& sample, Findings& findings) {
   return Numbers{*value, *expected, *tolerance};
 }
 
-std::string Format(const char* format, int digits, double number) {
+std::string Rounded(double number, int digits) {
   char text[32];
-  std::snprintf(text, sizeof(text), format, digits, number);
+  std::snprintf(text, sizeof(text), "%.*g", digits, number);
   return text;
 }
 
@@ -95,7 +95,7 @@ bool Fits(double result, const Numbers& numbers) {
 // In as few digits as show that it does not fit.
 std::string FormatResult(double result, const Numbers& numbers) {
   for (int digits = 6; digits < 17; ++digits) {
-    const std::string text = Format("%.*g", digits, result);
+    std::string text = Rounded(result, digits);
     if (!Fits(std::strtod(text.c_str(), nullptr), numbers)) {
       return text;
     }
@@ -110,7 +110,7 @@ std::string DescribeError(double result, const Numbers& numbers) {
     return "";
   }
   const double percent = 100 * std::abs(error);
-  return " (" + (percent < 100 ? Format("%.*g", 2, percent) : Format("%.*f", 0, percent)) +
+  return " (" + (percent < 100 ? Rounded(percent, 2) : std::to_string(std::lround(percent))) +
          " % too " + (error > 0 ? "great)" : "small)");
 }
 
@@ -160,35 +160,34 @@ class Judge {
 
   void ReportMissing(const Sample& sample) {
     const std::string& from = sample.from.text;
-    std::vector<std::string> targets;
-    if (const auto number = conversions.Find(from)) {
-      for (const int target : conversions.TargetsOf(*number)) {
-        targets.push_back(conversions.NameOf(target));
-      }
+    const std::string& to = sample.to.text;
+    const auto number = conversions.Find(from);
+    const bool converts = number && !conversions.TargetsOf(*number).empty();
+    std::string text = converts ? util::Quoted(from) + " does not convert into " + util::Quoted(to)
+                                : "nothing converts from " + util::Quoted(from);
+    if (++sought <= kMostSought) {
+      text += converts ? NearestNames(to, NamesOf(conversions.TargetsOf(*number)))
+                       : NearestNames(from, NamesOf(Sources()));
     }
-    if (targets.empty()) {
-      findings.Add(sample.from.place, kNoSuchConversion,
-                   "nothing converts from " + util::Quoted(from) + Nearest(from, Sources()));
-    } else {
-      const std::string& to = sample.to.text;
-      findings.Add(
-          sample.to.place, kNoSuchConversion,
-          util::Quoted(from) + " does not convert into " + util::Quoted(to) + Nearest(to, targets));
-    }
+    findings.Add((converts ? sample.to : sample.from).place, kNoSuchConversion, text);
   }
 
-  std::vector<std::string> Sources() const {
-    std::vector<std::string> names;
+  std::vector<int> Sources() const {
+    std::vector<int> sources;
     for (int unit = 0; unit < conversions.UnitCount(); ++unit) {
       if (!conversions.TargetsOf(unit).empty()) {
-        names.push_back(conversions.NameOf(unit));
+        sources.push_back(unit);
       }
     }
-    return names;
+    return sources;
   }
 
-  std::string Nearest(const std::string& name, const std::vector<std::string>& names) {
-    return sought++ < kMostSought ? NearestNames(name, names) : "";
+  std::vector<std::string> NamesOf(const std::vector<int>& units) const {
+    std::vector<std::string> names;
+    for (const int unit : units) {
+      names.push_back(conversions.NameOf(unit));
+    }
+    return names;
   }
 
   const model::File& file;

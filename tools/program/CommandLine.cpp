@@ -195,7 +195,7 @@ class CommandLine {
         ->excludes(data);
     command.add_option("--name", check.base, "Base name of the association files; all if none")
         ->type_name("BASE");
-    command.add_option("--samples", check.samples, "Known values to compare the data with")
+    command.add_option("--samples", check.samples, "Known values; samples.tsv of the data if none")
         ->type_name("FILE");
     command.add_option("--format", check.format, "How to tell what was found")
         ->check(CLI::IsMember({"text", "json", "sarif"}))
