@@ -1,7 +1,8 @@
 // The input is a data folder of files, separated by '|': the conversion file, the files of the four
-// unit systems in the order in which they are loaded, then those named "a", "b" and so on, for them
-// to include. Whatever it holds, the checker comes to an end; and where it finds no error, the
-// library loads all of it without a word and shows every data unit in its display unit.
+// unit systems in the order in which they are loaded, then those named "a", "b" and "c", for them
+// to include, then one of known values, which may be left out. Whatever it holds, the checker comes
+// to an end; and where it finds no error, the library loads all of it without a word and shows
+// every data unit in its display unit.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -33,13 +34,19 @@ void WriteFiles(const ScratchFolder& folder, const std::string& input) {
                                base + Units::GREEK_SUFFIX,
                                "a",
                                "b",
-                               "c"};
+                               "c",
+                               "samples"};
   std::size_t begin = 0;
   for (const std::string& name : names) {
     const std::size_t end = std::min(input.find('|', begin), input.size());
     folder.Write(name, input.substr(begin, end - begin));
     begin = std::min(end + 1, input.size());
   }
+}
+
+std::optional<std::string> SamplesIn(const ScratchFolder& folder, const std::string& input) {
+  const bool given = std::count(input.begin(), input.end(), '|') >= 8;
+  return given ? std::optional(folder.Path() + "samples") : std::nullopt;
 }
 
 void RequireThatAllIsShown(const ScratchFolder& folder) {
@@ -61,8 +68,10 @@ void RequireThatAllIsShown(const ScratchFolder& folder) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const ScratchFolder folder;
-  WriteFiles(folder, std::string(reinterpret_cast<const char*>(data), size));
-  const model::Model model = model::ReadModel(folder.Path(), std::nullopt);
+  const std::string input(reinterpret_cast<const char*>(data), size);
+  WriteFiles(folder, input);
+  const model::Model model =
+      model::ReadModel(folder.Path(), std::nullopt, SamplesIn(folder, input));
   check::Progress progress;
   const report::Result result{check::Check(model, progress), check::CountFiles(model)};
   std::ostringstream told;

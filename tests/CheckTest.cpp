@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -12,6 +13,7 @@
 #include "Program.h"
 #include "RuleExample.h"
 #include "check/Check.h"
+#include "model/Model.h"
 
 namespace {
 
@@ -20,7 +22,7 @@ using Json = nlohmann::json;
 constexpr char kBadData[] = VEHICLE_UNITS_SOURCE "/tests/data/bad/";
 
 std::string NothingInTheDataThatShips() {
-  return "0 errors and 0 warnings in 7 files of " + RealPath(VEHICLE_UNITS_SOURCE "/data") + '\n';
+  return "0 errors and 0 warnings in 8 files of " + RealPath(VEHICLE_UNITS_SOURCE "/data") + '\n';
 }
 
 std::vector<std::string> LinesOf(const std::string& text) {
@@ -77,6 +79,45 @@ class Check : public Program {
 
 TEST_F(Check, FindsNothingInTheDataThatShips) {
   ExpectOutput("check --strict --data " VEHICLE_UNITS_SOURCE "/data", NothingInTheDataThatShips());
+}
+
+// The groups of units that convert into each other, each unit by its number.
+std::vector<int> GroupsOf(const model::Conversions& conversions) {
+  std::vector<int> groups(static_cast<std::size_t>(conversions.UnitCount()), -1);
+  for (int first = 0; first < conversions.UnitCount(); ++first) {
+    std::vector<int> reached{first};
+    while (!reached.empty()) {
+      int& group = groups[static_cast<std::size_t>(reached.back())];
+      const std::vector<int>& next = conversions.NeighboursOf(reached.back());
+      reached.pop_back();
+      if (group < 0) {
+        group = first;
+        reached.insert(reached.end(), next.begin(), next.end());
+      }
+    }
+  }
+  return groups;
+}
+
+TEST(ShippedSamples, AreThreeOrMoreForEachQuantityAndOneOrMoreForEachUnit) {
+  const model::Model model =
+      model::ReadModel(VEHICLE_UNITS_SOURCE "/data/", std::nullopt, std::nullopt);
+  const model::Conversions& conversions = model.definitions.conversions;
+  const std::vector<int> groups = GroupsOf(conversions);
+  std::map<int, int> samplesOfGroup;
+  std::set<std::string> units;
+  for (const model::Sample& sample : model.samples.value().all) {
+    const int from = conversions.Find(sample.from.text).value();
+    ++samplesOfGroup[groups[static_cast<std::size_t>(from)]];
+    units.insert({sample.from.text, sample.to.text});
+  }
+  EXPECT_EQ(samplesOfGroup.size(), std::set<int>(groups.begin(), groups.end()).size());
+  for (const auto& [group, count] : samplesOfGroup) {
+    EXPECT_GE(count, 3) << conversions.NameOf(group);
+  }
+  for (int unit = 0; unit < conversions.UnitCount(); ++unit) {
+    EXPECT_EQ(units.count(conversions.NameOf(unit)), 1U) << conversions.NameOf(unit);
+  }
 }
 
 TEST_F(Check, JudgesTheFolderThatIsNamedElseTheCurrentOneIfItHoldsDataElseWhatIsInstalled) {
@@ -234,8 +275,8 @@ TEST_F(Check, BlamesTheConversionThatIsWrong) {
     folder.Write("UNIT_CONVERSIONS.xml", text);
     check::Progress progress;
     bool isFound = false;
-    for (const check::Finding& finding :
-         check::Check(model::ReadModel(folder.Path() + '/', std::nullopt), progress)) {
+    for (const check::Finding& finding : check::Check(
+             model::ReadModel(folder.Path() + '/', std::nullopt, std::nullopt), progress)) {
       const bool right = places.count(finding.place.line) != 0;
       const bool sure = finding.text.Bytes().find("this is wrong, or") == std::string::npos;
       isFound = isFound || right;

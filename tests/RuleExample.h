@@ -37,7 +37,7 @@ class RuleExample {
  private:
   void Read(const std::string& text) {
     entry = text;
-    const std::regex block("```(xml|text) ?(\\S*)\n([^`]*)```");
+    const std::regex block("```(xml|tsv|text) ?(\\S*)\n([^`]*)```");
     for (std::sregex_iterator i(entry.begin(), entry.end(), block), last; i != last; ++i) {
       Add((*i)[2], (*i)[3]);
     }
@@ -49,8 +49,8 @@ class RuleExample {
         name == "UNIT_CONVERSIONS.xml" ? "unit_conversions>" : "unit_associations>";
     if (name.empty()) {
       findings = text;
-    } else if (text.empty() || text.find('<' + root) != std::string::npos ||
-               text.rfind("<conversions>", 0) == 0) {
+    } else if (name == "samples.tsv" || text.empty() ||
+               text.find('<' + root) != std::string::npos || text.rfind("<conversions>", 0) == 0) {
       files[name] = InItsEncoding(text);
     } else {
       files[name] = InItsEncoding('<' + root + '\n' + text + "</" + root + '\n');

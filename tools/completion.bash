@@ -43,13 +43,18 @@ _vehicle_units_folders() {
   mapfile -t COMPREPLY < <(compgen -d -- "$current")
 }
 
+_vehicle_units_files() {
+  compopt -o filenames 2>/dev/null
+  mapfile -t COMPREPLY < <(compgen -f -- "$current")
+}
+
 _vehicle_units_options() {
   local options=(--help --data)
   case $command in
     help) options=(--help) ;;
     convert) options+=(--float) ;;
     show | monitors) options+=(--name --system) ;;
-    check) options+=(--name --format --strict --explain) ;;
+    check) options+=(--name --samples --format --strict --explain) ;;
   esac
   _vehicle_units_words "${options[@]}"
 }
@@ -63,9 +68,7 @@ _vehicle_units_argument() {
       _vehicle_units_offer = < <(_vehicle_units_names) ;;
     help:0) _vehicle_units_words "${commands[@]}" ;;
     check:0) _vehicle_units_folders ;;
-    monitors:0)
-      compopt -o filenames 2>/dev/null
-      mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
+    monitors:0) _vehicle_units_files ;;
   esac
 }
 
@@ -79,7 +82,7 @@ _vehicle_units() {
       --data)
         ((++i))
         data=(--data "$(_vehicle_units_plain "${COMP_WORDS[i]}")") ;;
-      --name | --system | --format | --explain) ((++i)) ;;
+      --name | --samples | --system | --format | --explain) ((++i)) ;;
       -*) ;;
       *)
         if [ -z "$command" ]; then
@@ -91,6 +94,7 @@ _vehicle_units() {
   done
   case $previous in
     --data) _vehicle_units_folders ;;
+    --samples) _vehicle_units_files ;;
     --system) _vehicle_units_words std std_uk metric greek all ;;
     --format) _vehicle_units_words text json sarif ;;
     --name | --explain) ;;

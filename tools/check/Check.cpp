@@ -9,6 +9,7 @@
 #include "check/CheckExpressions.h"
 #include "check/CheckIncludes.h"
 #include "check/CheckNames.h"
+#include "check/CheckSamples.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
 #include "text/Failure.h"
@@ -28,6 +29,10 @@ void RequireSomethingToCheck(const model::Model& model) {
   }
 }
 
+bool HasSamplesOfItsOwn(const model::Model& model) {
+  return model.samples && model.samples->path.rfind(model.folder, 0) == 0;
+}
+
 }  // namespace
 
 std::vector<Finding> Check(const model::Model& model, Progress& progress) {
@@ -41,6 +46,7 @@ std::vector<Finding> Check(const model::Model& model, Progress& progress) {
   CheckConstants(model, findings);
   CheckExpressions(model, findings);
   CheckWays(model, findings, progress);
+  CheckSamples(model, findings);
   progress.Begin("checking the associations", 0);
   CheckAssociations(model, findings);
   CheckUnits(model, findings);
@@ -51,7 +57,8 @@ std::size_t CountFiles(const model::Model& model) {
   const auto& files = model.associationFiles;
   const auto count = std::count_if(files.begin(), files.end(),
                                    [](const auto& entry) { return IsThere(*entry.second); });
-  return static_cast<std::size_t>(count) + (IsThere(*model.conversionFile) ? 1 : 0);
+  return static_cast<std::size_t>(count) + (IsThere(*model.conversionFile) ? 1 : 0) +
+         (HasSamplesOfItsOwn(model) ? 1 : 0);
 }
 
 }  // namespace check

@@ -14,7 +14,7 @@ namespace check {
 /// to check at all.
 std::vector<Finding> Check(const model::Model& model, Progress& progress);
 
-/// How many files of the data were there to be judged.
+/// How many files of the data folder were there to be judged, its file of known values among them.
 std::size_t CountFiles(const model::Model& model);
 
 }  // namespace check

@@ -1,14 +1,13 @@
 #include "check/CheckEncoding.h"
 
-#include <iconv.h>
 #include <strings.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
 #include <optional>
 #include <string>
 
+#include "text/Charset.h"
 #include "xml/PlaceAt.h"
 
 namespace check {
@@ -48,26 +47,6 @@ bool IsReadAsUtf8(const std::string& bytes, const std::optional<std::string>& de
   return bytes.rfind("\xEF\xBB\xBF", 0) == 0 ||
          (declared &&
           (declared->empty() || HasPrefix(*declared, kUtf8) || HasPrefix(*declared, "UTF8")));
-}
-
-// The offset of the first byte that is wrong in `encoding`, nothing where all are right; 0 for an
-// encoding that is not known.
-std::optional<std::size_t> FirstInvalid(const std::string& bytes, const std::string& encoding) {
-  const iconv_t conversion = iconv_open("UTF-8", encoding.c_str());
-  if (reinterpret_cast<std::intptr_t>(conversion) == -1) {
-    return 0;
-  }
-  char* input = const_cast<char*>(bytes.data());
-  std::size_t left = bytes.size();
-  bool valid = true;
-  while (valid && left > 0) {
-    char chunk[4096];
-    char* output = chunk;
-    std::size_t room = sizeof(chunk);
-    valid = iconv(conversion, &input, &left, &output, &room) != std::size_t(-1) || output != chunk;
-  }
-  iconv_close(conversion);
-  return left > 0 ? std::optional(bytes.size() - left) : std::nullopt;
 }
 
 std::optional<std::size_t> FirstBeyondAsciiOutsideComments(const std::string& bytes) {

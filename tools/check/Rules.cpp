@@ -10,6 +10,7 @@
 #include "check/CheckExpressions.h"
 #include "check/CheckIncludes.h"
 #include "check/CheckNames.h"
+#include "check/CheckSamples.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
 
@@ -32,6 +33,7 @@ const std::vector<const Rule*>& Rules() {
       &kAssignment,          &kConstantExpression, &kExpressionWithoutVal,
       &kExpressionNotFinite, &kRepeatedDefinition, &kNotInverse,
       &kWaysDisagree,        &kSimilarUnits,       &kMixedQuantities,
+      &kKnownValueDiffers,   &kNoSuchConversion,   &kBadSample,
       &kEmptyTounit,         &kNoConversion,       &kNoWayBack,
       &kNotInEverySystem,    &kUnreachable,        &kWithoutEffect,
   };

@@ -30,9 +30,16 @@ std::vector<std::string> FindStrays(const std::string& folder, const Association
   return strays;
 }
 
+std::optional<Samples> ReadSamplesOf(const std::string& folder,
+                                     const std::optional<std::string>& named) {
+  const std::string path = named.value_or(folder + "samples.tsv");
+  return named || std::filesystem::exists(path) ? std::optional(ReadSamples(path)) : std::nullopt;
+}
+
 }  // namespace
 
-Model ReadModel(const std::string& folder, const std::optional<std::string>& base) {
+Model ReadModel(const std::string& folder, const std::optional<std::string>& base,
+                const std::optional<std::string>& samples) {
   Model model;
   model.folder = folder;
   model.bases = BaseNames(folder);
@@ -47,6 +54,7 @@ Model ReadModel(const std::string& folder, const std::optional<std::string>& bas
   if (!base) {
     model.strays = FindStrays(folder, model.associationFiles);
   }
+  model.samples = ReadSamplesOf(folder, samples);
   return model;
 }
 

@@ -8,6 +8,7 @@
 #include "model/Associations.h"
 #include "model/Definitions.h"
 #include "model/File.h"
+#include "model/Samples.h"
 
 namespace model {
 
@@ -22,9 +23,13 @@ struct Model {
   AssociationFiles associationFiles;
   std::vector<UnitSystem> systems;
   std::vector<std::string> strays;  ///< files with associations that none of `bases` reads
+  std::optional<Samples> samples;   ///< nothing where there is no file of known values
 };
 
-/// Reads a data folder, each file once, with the unit systems of one base name or of all.
-Model ReadModel(const std::string& folder, const std::optional<std::string>& base);
+/// Reads a data folder, each file once, with the unit systems of one base name or of all, and with
+/// the known values of the file `samples` or, if none is named, of samples.tsv in the folder.
+/// Throws what `ReadSamples` throws.
+Model ReadModel(const std::string& folder, const std::optional<std::string>& base,
+                const std::optional<std::string>& samples);
 
 }  // namespace model

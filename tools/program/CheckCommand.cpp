@@ -20,7 +20,7 @@ constexpr int kCouldNotRun = 2;
 
 int Run(const CheckOptions& options, const Charset& terminal) {
   const std::string folder = options.data.Path();
-  const CheckedFolder checked = CheckFolder(folder, options.base);
+  const CheckedFolder checked = CheckFolder(folder, options.base, options.samples);
   const report::Result result{checked.findings, check::CountFiles(checked.model)};
   if (options.format == "json") {
     report::WriteJson(std::cout, result, InstalledPath(VEHICLE_UNITS_DOCS "/check-rules.md"));

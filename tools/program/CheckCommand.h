@@ -10,6 +10,7 @@ class Charset;
 struct CheckOptions {
   DataFolder data;
   std::optional<std::string> base;
+  std::optional<std::string> samples;
   std::string format = "text";  // or "json", "sarif"
   bool strict = false;
   std::string explain;  // the name of a rule to explain instead

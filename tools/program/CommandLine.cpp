@@ -195,6 +195,8 @@ class CommandLine {
         ->excludes(data);
     command.add_option("--name", check.base, "Base name of the association files; all if none")
         ->type_name("BASE");
+    command.add_option("--samples", check.samples, "Known values; samples.tsv of the data if none")
+        ->type_name("FILE");
     command.add_option("--format", check.format, "How to tell what was found")
         ->check(CLI::IsMember({"text", "json", "sarif"}))
         ->capture_default_str();

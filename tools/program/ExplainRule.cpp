@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iostream>
-#include <sstream>
 #include <vector>
 
 #include "check/RuleEntry.h"
@@ -30,8 +29,5 @@ const check::Rule& FindRule(const std::string& name) {
 void ExplainRule(const std::string& name, const Charset& terminal) {
   const check::Rule& rule = FindRule(name);
   std::cout << rule.name << " (" << check::NameOf(rule.severity) << ")\n\n";
-  std::istringstream entry(Charset("UTF-8").ToLatin1(check::EntryOf(rule)));
-  for (std::string line; std::getline(entry, line);) {
-    std::cout << Message(line).For(terminal) << '\n';
-  }
+  std::cout << terminal.FromLatin1(Charset("UTF-8").ToLatin1(check::EntryOf(rule)));
 }

@@ -67,3 +67,21 @@ std::string Charset::FromLatin1(const std::string& text) const {
 std::string Charset::ToLatin1(const std::string& text) const {
   return Convert(name, kLatin1, text);
 }
+
+std::optional<std::size_t> FirstInvalid(const std::string& text, const std::string& charset) {
+  const iconv_t conversion = iconv_open("UTF-8", charset.c_str());
+  if (reinterpret_cast<std::intptr_t>(conversion) == -1) {
+    return 0;
+  }
+  const Conversion owner(conversion);
+  char* input = const_cast<char*>(text.data());
+  std::size_t left = text.size();
+  bool valid = true;
+  while (valid && left > 0) {
+    char chunk[4096];
+    char* output = chunk;
+    std::size_t room = sizeof(chunk);
+    valid = iconv(conversion, &input, &left, &output, &room) != std::size_t(-1) || output != chunk;
+  }
+  return left > 0 ? std::optional(text.size() - left) : std::nullopt;
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
 
 /// Converts between ISO 8859-1, in which the library keeps all names, and another character set.
@@ -19,3 +21,7 @@ class Charset {
  private:
   std::string name;
 };
+
+/// The offset of the first byte of `text` that is no character of the set `charset`; nothing where
+/// all are, 0 for a set that iconv does not know.
+std::optional<std::size_t> FirstInvalid(const std::string& text, const std::string& charset);
