@@ -276,7 +276,7 @@ TEST_F(Check, BlamesTheConversionThatIsWrong) {
     check::Progress progress;
     bool isFound = false;
     for (const check::Finding& finding : check::Check(
-             model::ReadModel(folder.Path() + '/', std::nullopt, std::nullopt), progress)) {
+             model::ReadModel(folder.Path() + '/', std::nullopt, std::nullopt), {}, progress)) {
       const bool right = places.count(finding.place.line) != 0;
       const bool sure = finding.text.Bytes().find("this is wrong, or") == std::string::npos;
       isFound = isFound || right;

@@ -54,7 +54,7 @@ _vehicle_units_options() {
     help) options=(--help) ;;
     convert) options+=(--float) ;;
     show | monitors) options+=(--name --system) ;;
-    check) options+=(--name --samples --format --strict --explain) ;;
+    check) options+=(--name --samples --format --strict --all --allow --explain) ;;
   esac
   _vehicle_units_words "${options[@]}"
 }

@@ -12,6 +12,7 @@
 #include "check/CheckSamples.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
+#include "check/HoldBack.h"
 #include "text/Failure.h"
 
 namespace check {
@@ -35,7 +36,8 @@ bool HasSamplesOfItsOwn(const model::Model& model) {
 
 }  // namespace
 
-std::vector<Finding> Check(const model::Model& model, Progress& progress) {
+std::vector<Finding> Check(const model::Model& model, const std::vector<Allowed>& allowed,
+                           Progress& progress) {
   RequireSomethingToCheck(model);
   Findings findings;
   CheckDocuments(model, findings);
@@ -50,7 +52,11 @@ std::vector<Finding> Check(const model::Model& model, Progress& progress) {
   progress.Begin("checking the associations", 0);
   CheckAssociations(model, findings);
   CheckUnits(model, findings);
-  return findings.Sorted();
+  findings.Sort();
+  HoldBack(model, findings);
+  Accept(model, allowed, findings);
+  findings.Sort();
+  return findings.All();
 }
 
 std::size_t CountFiles(const model::Model& model) {

@@ -35,7 +35,7 @@ void CheckConversions(const model::Conversions& conversions, const Place& place,
   findings.Add(place, kNoConversion,
                util::Quoted(unit) + " does not convert into " + util::Quoted(shown) +
                    (targets.empty() ? " or anything else" : NearestNames(shown, targets)),
-               {unit, ""});
+               {unit, shown});
 }
 
 void CheckDisplays(const model::Model& model, const UnitSystem& system, Findings& findings) {
@@ -43,7 +43,8 @@ void CheckDisplays(const model::Model& model, const UnitSystem& system, Findings
     const Place place = display.association->At();
     if (display.label.empty()) {
       findings.Add(place, kEmptyTounit,
-                   util::Quoted(unit) + " has an empty \"tounit\": it is shown without label");
+                   util::Quoted(unit) + " has an empty \"tounit\": it is shown without label",
+                   {unit, ""});
     } else if (display.label != unit && model.conversionFile->root != nullptr) {
       CheckConversions(model.definitions.conversions, place, unit, display.label, findings);
     }
@@ -66,7 +67,8 @@ void CheckThatAllHaveTheSame(const std::vector<const UnitSystem*>& systems, Find
     if (!without.empty()) {
       findings.Add(association->At(), kNotInEverySystem,
                    util::Quoted(unit) + " is associated in " + util::Join(with) + " and not in " +
-                       util::Join(without));
+                       util::Join(without),
+                   {unit, ""});
     }
   }
 }
@@ -104,7 +106,8 @@ class Effects {
                      util::Quoted(association.unit) +
                          " is associated again, and what is given here counts; the association "
                          "before stands at " +
-                         ToMessage(earlier->At()));
+                         ToMessage(earlier->At()),
+                     {association.unit, ""});
       }
       earlier = &association;
     }
@@ -133,7 +136,8 @@ class Effects {
     findings.Add(association.At(), kWithoutEffect,
                  util::Quoted(association.unit) + " as " + util::Quoted(*association.shown) +
                      " has no effect: every unit system that reads it has the same from an "
-                     "included file or overrides it");
+                     "included file or overrides it",
+                 {association.unit, ""});
   }
 
   const model::Model& model;

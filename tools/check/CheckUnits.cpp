@@ -101,7 +101,7 @@ void Units::CheckSpelling() const {
       findings.Add(places.at(unit), kSimilarUnits,
                    util::Quoted(unit) + " differs only by case or white space from " +
                        util::Quoted(other) + " at " + ToMessage(places.at(other)),
-                   {unit, ""});
+                   {unit, other});
     }
   }
 }

@@ -26,17 +26,37 @@ void Findings::Add(const Place& place, const Rule& rule, const Message& text,
   findings.push_back({place, &rule, text, subject});
 }
 
-std::vector<Finding> Findings::Sorted() const {
-  std::vector<Finding> sorted = findings;
-  std::stable_sort(sorted.begin(), sorted.end(), ComesBefore);
-  sorted.erase(std::unique(sorted.begin(), sorted.end(), IsSame), sorted.end());
-  return sorted;
+bool Findings::Has(const Predicate& isMeant) const {
+  return std::any_of(findings.begin(), findings.end(), isMeant);
+}
+
+void Findings::HoldBack(const Predicate& isMeant) {
+  for (Finding& finding : findings) {
+    finding.follows = finding.follows || isMeant(finding);
+  }
+}
+
+bool Findings::Accept(const Predicate& isMeant, const Acceptance& acceptance) {
+  bool any = false;
+  for (Finding& finding : findings) {
+    if (isMeant(finding)) {
+      any = true;
+      finding.accepted = acceptance;
+    }
+  }
+  return any;
+}
+
+void Findings::Sort() {
+  std::stable_sort(findings.begin(), findings.end(), ComesBefore);
+  findings.erase(std::unique(findings.begin(), findings.end(), IsSame), findings.end());
 }
 
 std::size_t Count(const std::vector<Finding>& findings, Severity severity) {
-  return static_cast<std::size_t>(std::count_if(
-      findings.begin(), findings.end(),
-      [severity](const Finding& finding) { return finding.rule->severity == severity; }));
+  return static_cast<std::size_t>(
+      std::count_if(findings.begin(), findings.end(), [severity](const Finding& finding) {
+        return finding.IsOpen() && finding.rule->severity == severity;
+      }));
 }
 
 }  // namespace check

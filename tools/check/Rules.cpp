@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "check/Accept.h"
 #include "check/CheckAssociations.h"
 #include "check/CheckConstants.h"
 #include "check/CheckDefinitions.h"
@@ -13,6 +14,7 @@
 #include "check/CheckSamples.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
+#include "text/NearestNames.h"
 
 namespace check {
 
@@ -36,8 +38,23 @@ const std::vector<const Rule*>& Rules() {
       &kKnownValueDiffers,   &kNoSuchConversion,   &kBadSample,
       &kEmptyTounit,         &kNoConversion,       &kNoWayBack,
       &kNotInEverySystem,    &kUnreachable,        &kWithoutEffect,
+      &kUnusedAllowance,
   };
   return rules;
+}
+
+const Rule* FindRule(const std::string& name) {
+  const auto found = std::find_if(Rules().begin(), Rules().end(),
+                                  [&name](const Rule* rule) { return rule->name == name; });
+  return found != Rules().end() ? *found : nullptr;
+}
+
+std::string NearestRules(const std::string& name) {
+  std::vector<std::string> names;
+  for (const Rule* rule : Rules()) {
+    names.emplace_back(rule->name);
+  }
+  return NearestNames(name, names);
 }
 
 std::size_t IndexOf(const Rule& rule) {

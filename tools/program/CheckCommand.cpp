@@ -3,6 +3,7 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
 #include "check/Check.h"
 #include "program/CheckFolder.h"
@@ -18,10 +19,21 @@ namespace {
 constexpr int kFindings = 1;
 constexpr int kCouldNotRun = 2;
 
+std::vector<check::Allowed> Allowed(const CheckOptions& options, const Charset& terminal) {
+  std::vector<check::Allowed> allowed;
+  for (const std::string& word : options.allowed) {
+    const std::size_t colon = word.find(':');
+    const std::string unit = colon == std::string::npos ? "" : word.substr(colon + 1);
+    allowed.push_back({word.substr(0, colon), terminal.ToLatin1(unit)});
+  }
+  return allowed;
+}
+
 int Run(const CheckOptions& options, const Charset& terminal) {
   const std::string folder = options.data.Path();
-  const CheckedFolder checked = CheckFolder(folder, options.base, options.samples);
-  const report::Result result{checked.findings, check::CountFiles(checked.model)};
+  const CheckedFolder checked =
+      CheckFolder(folder, options.base, options.samples, Allowed(options, terminal));
+  const report::Result result{checked.findings, check::CountFiles(checked.model), options.all};
   if (options.format == "json") {
     report::WriteJson(std::cout, result, InstalledPath(VEHICLE_UNITS_DOCS "/check-rules.md"));
   } else if (options.format == "sarif") {
@@ -33,7 +45,7 @@ int Run(const CheckOptions& options, const Charset& terminal) {
     throw Failure("cannot write to standard output");
   }
   const bool failed = Count(result.findings, check::Severity::kError) > 0 ||
-                      (options.strict && !result.findings.empty());
+                      (options.strict && Count(result.findings, check::Severity::kWarning) > 0);
   return failed ? kFindings : 0;
 }
 

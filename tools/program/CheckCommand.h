@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "program/DataFolder.h"
 
@@ -13,7 +14,9 @@ struct CheckOptions {
   std::optional<std::string> samples;
   std::string format = "text";  // or "json", "sarif"
   bool strict = false;
-  std::string explain;  // the name of a rule to explain instead
+  bool all = false;
+  std::vector<std::string> allowed;  // RULE or RULE:UNIT
+  std::string explain;               // the name of a rule to explain instead
 };
 
 /// Prints the mistakes in the data. Returns the exit status: 1 where there are errors or, if it is

@@ -201,6 +201,11 @@ class CommandLine {
         ->check(CLI::IsMember({"text", "json", "sarif"}))
         ->capture_default_str();
     command.add_flag("--strict", check.strict, "Count warnings as errors");
+    command.add_flag("--all", check.all, "Tell what only follows and what is accepted, too");
+    command
+        .add_option("--allow", check.allowed, "Accept what the rule finds, or finds of the unit")
+        ->type_name("RULE[:UNIT]")
+        ->allow_extra_args(false);
     command.add_option("--explain", check.explain, "Explain a rule instead")->type_name("RULE");
   }
 

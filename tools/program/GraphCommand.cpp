@@ -7,7 +7,7 @@
 #include "report/Graph.h"
 
 int RunGraph(const GraphOptions& options) {
-  const CheckedFolder checked = CheckFolder(options.data.Path(), std::nullopt, std::nullopt);
+  const CheckedFolder checked = CheckFolder(options.data.Path(), std::nullopt, std::nullopt, {});
   report::WriteGraph(std::cout, checked.model.definitions.conversions, checked.findings);
   return 0;
 }

@@ -21,7 +21,13 @@ class Graph {
         const std::vector<check::Finding>& findings)
       : stream(stream), conversions(conversions), utf8("UTF-8") {
     for (const check::Finding& finding : findings) {
-      std::string& text = texts[{finding.subject.from, finding.subject.to}];
+      if (finding.accepted) {
+        continue;
+      }
+      const auto& [from, to] = finding.subject;
+      const bool isEdge =
+          conversions.Find(from, to) != nullptr || conversions.Find(to, from) != nullptr;
+      std::string& text = texts[{from, isEdge ? to : ""}];
       if (!text.empty()) {
         text += '\n';
       }

@@ -74,7 +74,19 @@ Json SarifResult(const check::Finding& finding, const Charset& utf8) {
   result["level"] = check::NameOf(rule.severity);
   result["message"]["text"] = finding.text.In(utf8);
   result["locations"][0]["physicalLocation"] = location;
+  if (finding.accepted) {
+    const bool inSource = finding.accepted->kind == check::Acceptance::Kind::kInSource;
+    Json& suppression = result["suppressions"][0];
+    suppression["kind"] = inSource ? "inSource" : "external";
+    if (!finding.accepted->why.empty()) {
+      suppression["justification"] = Message(finding.accepted->why).In(utf8);
+    }
+  }
   return result;
+}
+
+bool IsTold(const check::Finding& finding, const Result& result) {
+  return result.all || finding.accepted || !finding.follows;
 }
 
 }  // namespace
@@ -84,6 +96,9 @@ void WriteJson(std::ostream& stream, const Result& result, const std::string& ru
   Json report;
   report["findings"] = Json::array();
   for (const check::Finding& finding : result.findings) {
+    if (!IsTold(finding, result)) {
+      continue;
+    }
     const check::Rule& rule = *finding.rule;
     Json item;
     item["file"] = finding.place.file;
@@ -93,6 +108,10 @@ void WriteJson(std::ostream& stream, const Result& result, const std::string& ru
     item["rule"] = rule.name;
     item["help"] = UriOf(rules) + '#' + rule.name;
     item["text"] = finding.text.In(utf8);
+    if (finding.accepted) {
+      item["suppressed"] = true;
+      item["reason"] = Message(finding.accepted->why).In(utf8);
+    }
     report["findings"].push_back(item);
   }
   report["errors"] = check::Count(result.findings, check::Severity::kError);
@@ -111,7 +130,9 @@ void WriteSarif(std::ostream& stream, const Result& result) {
   run["columnKind"] = "unicodeCodePoints";
   run["results"] = Json::array();
   for (const check::Finding& finding : result.findings) {
-    run["results"].push_back(SarifResult(finding, utf8));
+    if (IsTold(finding, result)) {
+      run["results"].push_back(SarifResult(finding, utf8));
+    }
   }
   Json report;
   report["$schema"] = "https://json.schemastore.org/sarif-2.1.0.json";

@@ -1,0 +1,191 @@
+#include "check/HoldBack.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <set>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "check/CheckAssociations.h"
+#include "check/CheckDefinitions.h"
+#include "check/CheckDocuments.h"
+#include "check/CheckEncoding.h"
+#include "check/CheckIncludes.h"
+#include "check/CheckNames.h"
+#include "check/CheckSamples.h"
+#include "check/CheckUnits.h"
+#include "check/CheckWays.h"
+#include "text/NearestNames.h"
+
+namespace check {
+
+namespace {
+
+using Rules = std::initializer_list<const Rule*>;
+
+bool IsOneOf(const Finding& finding, Rules rules) {
+  return std::find(rules.begin(), rules.end(), finding.rule) != rules.end();
+}
+
+bool IsWhole(const model::File& file) {
+  return file.state == model::File::State::kParsed && !file.document.Error() &&
+         file.root != nullptr;
+}
+
+bool HoldsBeyondAscii(const Message& message) {
+  const std::string text = message.Bytes();
+  return std::any_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+}
+
+bool IsBehind(const Place& place, const Place& other) {
+  return place.file == other.file &&
+         std::tie(place.line, place.column) > std::tie(other.line, other.column);
+}
+
+// Elements behind the one that is left open are taken for its children. The root is left open where
+// the file ends too early, which changes nothing of what stands in it.
+void HoldBackBehindBreaks(const model::File& file, Findings& findings) {
+  if (!file.document.Error()) {
+    return;
+  }
+  for (const Finding& finding : findings.All()) {
+    const bool isRoot = file.root != nullptr && file.root->Row() == finding.place.line;
+    if (IsOneOf(finding, {&kNotWellFormed}) && finding.place.file == file.Path() && !isRoot) {
+      findings.HoldBack([&finding](const Finding& other) {
+        return IsBehind(other.place, finding.place) &&
+               !IsOneOf(other, {&kBadEncoding, &kForeignEncoding, &kNotWellFormed});
+      });
+    }
+  }
+}
+
+// What says that something is not there, though it may only not have been read.
+void HoldBackWhereFilesAreLost(const model::Model& model, Findings& findings) {
+  if (!IsWhole(*model.conversionFile)) {
+    findings.HoldBack([](const Finding& finding) {
+      return IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kNoSuchConversion, &kMixedQuantities,
+                               &kSimilarUnits, &kUnreachable});
+    });
+  }
+  const bool allThere =
+      std::all_of(model.systems.begin(), model.systems.end(),
+                  [](const model::UnitSystem& system) { return system.obstacles.empty(); }) &&
+      std::all_of(model.associationFiles.begin(), model.associationFiles.end(),
+                  [](const auto& entry) { return IsWhole(*entry.second); });
+  if (!allThere) {
+    findings.HoldBack([](const Finding& finding) {
+      return IsOneOf(finding, {&kNotInEverySystem, &kWithoutEffect, &kUnreadFile, &kMixedQuantities,
+                               &kSimilarUnits, &kUnreachable});
+    });
+  }
+}
+
+// A definition that is skipped takes along what needs it. Some do not say whose it is.
+void HoldBackWhereDefinitionsAreLost(const model::Model& model, Findings& findings) {
+  const std::string& path = model.conversionFile->Path();
+  for (const Finding& cause : findings.All()) {
+    if (cause.place.file != path || cause.follows ||
+        !IsOneOf(cause, {&kMissingId, &kMisspeltName, &kTounitWithoutId, &kTounitWithoutConv,
+                         &kUnknownType, &kUnusableType, &kConvWithoutFormula, &kIntoItself})) {
+      continue;
+    }
+    const std::string& unit = cause.subject.from;
+    findings.HoldBack([&unit](const Finding& finding) {
+      const bool isRelated =
+          unit.empty() || finding.subject.from == unit || finding.subject.to == unit;
+      return (isRelated && IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kNoSuchConversion,
+                                             &kMixedQuantities})) ||
+             IsOneOf(finding, {&kUnreachable});
+    });
+  }
+}
+
+// Names that are the same to the eye and differ in their bytes.
+void HoldBackWhatEncodingsBreak(Findings& findings) {
+  const bool broken = findings.Has([](const Finding& finding) {
+    return IsOneOf(finding, {&kBadEncoding, &kForeignEncoding});
+  });
+  if (broken) {
+    findings.HoldBack([](const Finding& finding) {
+      return HoldsBeyondAscii(finding.text) &&
+             IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kNoSuchConversion, &kNotInEverySystem,
+                               &kSimilarUnits, &kWithoutEffect, &kUnreachable});
+    });
+  }
+}
+
+// What one missing conversion is told for: a unit that converts into nothing, one that nothing
+// converts, or the pair of them.
+Subject MissingOf(const model::Conversions& conversions, const Finding& finding) {
+  const bool back = finding.rule == &kNoWayBack;
+  const std::string& from = back ? finding.subject.to : finding.subject.from;
+  const std::string& to = back ? finding.subject.from : finding.subject.to;
+  const auto source = conversions.Find(from);
+  if (!source || conversions.TargetsOf(*source).empty()) {
+    return {from, ""};
+  }
+  return conversions.Find(to) ? Subject{from, to} : Subject{"", to};
+}
+
+void HoldBackRepetitions(const model::Conversions& conversions, Findings& findings) {
+  std::set<std::pair<std::string, std::string>> told;
+  findings.HoldBack([&](const Finding& finding) {
+    if (finding.follows || !IsOneOf(finding, {&kNoConversion, &kNoWayBack})) {
+      return false;
+    }
+    const Subject missing = MissingOf(conversions, finding);
+    return !told.emplace(missing.from, missing.to).second;
+  });
+}
+
+// A name that is written wrong in one place is missing in another.
+void HoldBackWhatMisspellingsBreak(Findings& findings) {
+  std::vector<std::string> names;
+  for (const Finding& finding : findings.All()) {
+    if (finding.rule == &kNoConversion && !finding.follows) {
+      names.insert(names.end(), {finding.subject.from, finding.subject.to});
+    }
+  }
+  if (names.empty()) {
+    return;
+  }
+  findings.HoldBack([&names](const Finding& finding) {
+    return IsOneOf(finding, {&kNotInEverySystem, &kSimilarUnits, &kUnreachable}) &&
+           (!MisspellingOf(finding.subject.from, names).empty() ||
+            (!finding.subject.to.empty() && !MisspellingOf(finding.subject.to, names).empty()));
+  });
+}
+
+// A published value says more than that two conversions differ.
+void HoldBackWhatKnownValuesShow(Findings& findings) {
+  std::set<std::pair<int, int>> places;
+  for (const Finding& finding : findings.All()) {
+    if (finding.rule == &kKnownValueDiffers) {
+      places.emplace(finding.place.line, finding.place.column);
+    }
+  }
+  findings.HoldBack([&places](const Finding& finding) {
+    return IsOneOf(finding, {&kNotInverse, &kWaysDisagree}) &&
+           places.count({finding.place.line, finding.place.column}) != 0;
+  });
+}
+
+}  // namespace
+
+void HoldBack(const model::Model& model, Findings& findings) {
+  HoldBackBehindBreaks(*model.conversionFile, findings);
+  for (const auto& [path, file] : model.associationFiles) {
+    HoldBackBehindBreaks(*file, findings);
+  }
+  HoldBackWhereFilesAreLost(model, findings);
+  HoldBackWhereDefinitionsAreLost(model, findings);
+  HoldBackWhatEncodingsBreak(findings);
+  HoldBackRepetitions(model.definitions.conversions, findings);
+  HoldBackWhatMisspellingsBreak(findings);
+  HoldBackWhatKnownValuesShow(findings);
+}
+
+}  // namespace check
