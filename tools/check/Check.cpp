@@ -11,6 +11,7 @@
 #include "check/CheckNames.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
+#include "check/Consequences.h"
 #include "text/Failure.h"
 
 namespace check {
@@ -44,7 +45,7 @@ std::vector<Finding> Check(const model::Model& model, Progress& progress) {
   progress.Begin("checking the associations", 0);
   CheckAssociations(model, findings);
   CheckUnits(model, findings);
-  return findings.Sorted();
+  return WithoutConsequences(model, findings.Sorted());
 }
 
 std::size_t CountFiles(const model::Model& model) {

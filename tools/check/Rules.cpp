@@ -9,6 +9,7 @@
 #include "check/CheckEncoding.h"
 #include "check/CheckExpressions.h"
 #include "check/CheckIncludes.h"
+#include "check/CheckMarkup.h"
 #include "check/CheckNames.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
@@ -20,6 +21,7 @@ const char* NameOf(Severity severity) { return severity == Severity::kError ? "e
 const std::vector<const Rule*>& Rules() {
   static const std::vector<const Rule*> rules{
       &kMissingFile,          &kNotLoaded,           &kNotWellFormed,      &kWrongRoot,
+      &kMergeConflict,        &kBadReference,        &kUnquotedAttribute,  &kStrayText,
       &kBadEncoding,          &kForeignEncoding,     &kUnreadFile,         &kMissingInclude,
       &kEmptyInclude,         &kIncludeCycle,        &kMisspeltName,       &kUnreadElement,
       &kUnreadAttribute,      &kReadAsTounit,        &kFieldGivenTwice,    &kMissingId,
