@@ -34,7 +34,7 @@ TEST_F(Program, PrintsWhatTheSessionsShow) {
     EXPECT_EQ(ReadFile(folder.Path("out")), (*i)[1]);
     ++sessions;
   }
-  EXPECT_EQ(sessions, 16);
+  EXPECT_EQ(sessions, 17);
 }
 
 TEST_F(Program, FindsTheNearestOfVeryLongNamesAtOnce) {
