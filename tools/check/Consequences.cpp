@@ -14,12 +14,11 @@ namespace check {
 
 namespace {
 
-constexpr const Rule* kOfTheText[] = {&kNotLoaded,    &kNotWellFormed,     &kWrongRoot,
-                                      &kBadEncoding,  &kForeignEncoding,   &kMergeConflict,
-                                      &kBadReference, &kUnquotedAttribute, &kStrayText};
+constexpr const Rule* kAlwaysTold[] = {&kNotLoaded,   &kNotWellFormed,   &kWrongRoot,
+                                       &kBadEncoding, &kForeignEncoding, &kMergeConflict};
 
-bool IsOfTheText(const Rule* rule) {
-  return std::find(std::begin(kOfTheText), std::end(kOfTheText), rule) != std::end(kOfTheText);
+bool IsAlwaysTold(const Rule* rule) {
+  return std::find(std::begin(kAlwaysTold), std::end(kAlwaysTold), rule) != std::end(kAlwaysTold);
 }
 
 bool IsBehind(const Place& place, const Place& fault) {
@@ -44,7 +43,7 @@ std::vector<Finding> WithoutConsequences(const model::Model& model,
   std::copy_if(findings.begin(), findings.end(), std::back_inserter(kept),
                [&faults](const Finding& finding) {
                  const auto fault = faults.find(finding.place.file);
-                 return IsOfTheText(finding.rule) || fault == faults.end() ||
+                 return IsAlwaysTold(finding.rule) || fault == faults.end() ||
                         !IsBehind(finding.place, fault->second);
                });
   return kept;

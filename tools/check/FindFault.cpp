@@ -52,8 +52,15 @@ std::string Tag(std::string_view name) { return "<" + std::string(name) + ">"; }
 
 std::string EndTag(std::string_view name) { return "</" + std::string(name) + ">"; }
 
-bool IsBlank(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return xml::IsSpace(c); });
+constexpr std::string_view kElements[] = {"unit_conversions",  "fromunit",  "tounit", "conv",
+                                          "unit_associations", "unitassoc", "include"};
+
+bool IsTagWithoutBracket(std::string_view text) {
+  const std::string_view tag = text.substr(text.front() == '/' ? 1 : 0);
+  const auto* const end = std::find_if_not(tag.begin(), tag.end(), xml::IsInName);
+  const std::string_view name = tag.substr(0, static_cast<std::size_t>(end - tag.begin()));
+  return std::find(std::begin(kElements), std::end(kElements), name) != std::end(kElements) &&
+         tag.find('>') != std::string_view::npos;
 }
 
 // Follows the tags of a file up to the first that does not fit.
@@ -76,30 +83,37 @@ class Search {
   struct Element {
     std::string_view name;
     std::size_t at;
-  };
-
-  struct EmptyElement {
-    std::size_t at;
-    std::size_t depth;
+    std::map<std::string_view, std::size_t> closed = {};  // the last of its children of each name
+                                                          // that its own tag closes
   };
 
   void Look(const Piece& piece) {
     if (piece.flaw != Flaw::kNone) {
       TellFlaw(piece);
       TellZeroByte(piece.end);
-    } else if (piece.kind == Piece::Kind::kStartTag) {
-      moreBehindRoot = moreBehindRoot || (open.empty() && rootEnd != 0);
-      closed.erase(piece.name);
-      open.push_back({piece.name, piece.begin});
-    } else if (piece.kind == Piece::Kind::kEmptyTag) {
-      moreBehindRoot = moreBehindRoot || (open.empty() && rootEnd != 0);
-      closed[piece.name] = {piece.begin, open.size()};
+    } else if (piece.kind == Piece::Kind::kStartTag || piece.kind == Piece::Kind::kEmptyTag) {
+      LookAtStartTag(piece);
     } else if (piece.kind == Piece::Kind::kEndTag) {
       LookAtEndTag(piece);
     } else if (piece.kind == Piece::Kind::kComment) {
       LookAtComment(piece);
-    } else if (open.empty()) {
-      LookOutside(piece);
+    } else if (piece.kind == Piece::Kind::kOther) {
+      LookAtOther(piece);
+    } else if (piece.kind == Piece::Kind::kText) {
+      LookAtText(piece);
+    }
+  }
+
+  void LookAtStartTag(const Piece& piece) {
+    const bool empty = piece.kind == Piece::Kind::kEmptyTag;
+    moreBehindRoot = moreBehindRoot || (open.empty() && rootEnd != 0);
+    if (!open.empty() && empty) {
+      open.back().closed[piece.name] = piece.begin;
+    } else if (!open.empty()) {
+      open.back().closed.erase(piece.name);
+    }
+    if (!empty) {
+      open.push_back({piece.name, piece.begin});
     }
   }
 
@@ -111,8 +125,10 @@ class Search {
       open.pop_back();
     } else if (IsOpen(piece.name)) {
       const Element& left = open.back();
-      TellAt(left.at, Tag(left.name) + " is not closed: all up to " + EndTag(piece.name) +
-                          OnLine(piece) +
+      const bool again = open.size() > 1 && open[open.size() - 2].name == left.name;
+      TellAt(left.at, Tag(left.name) + " is not closed" +
+                          (again ? " (is " + EndTag(left.name) + " meant?)" : "") + ": all up to " +
+                          EndTag(piece.name) + OnLine(piece) +
                           " is taken for its content, and nothing after that is read");
     } else {
       TellStrayEndTag(piece);
@@ -123,14 +139,14 @@ class Search {
     const Element& left = open.back();
     const std::string name(piece.name);
     const std::string awaited = Tag(left.name) + " of line " + LineOf(left.at);
-    const auto slashed = closed.find(piece.name);
+    const auto slashed = left.closed.find(piece.name);
     if (!MisspellingOf(name, {std::string(left.name)}).empty()) {
       TellAt(piece.begin, EndTag(name) + " does not close " + awaited + ": is " +
                               EndTag(left.name) + " meant? Nothing after it is read");
-    } else if (slashed != closed.end() && slashed->second.depth == open.size()) {
-      TellAt(slashed->second.at, "the slash at the end of " + Tag(name) + " closes it, but " +
-                                     EndTag(name) + OnLine(piece) +
-                                     " closes it again, and nothing after that is read");
+    } else if (slashed != left.closed.end()) {
+      TellAt(slashed->second, "the slash at the end of " + Tag(name) + " closes it, but " +
+                                  EndTag(name) + OnLine(piece) +
+                                  " closes it again, and nothing after that is read");
     } else {
       TellAt(piece.begin,
              EndTag(name) + " closes nothing, as what is open here is " + awaited + kNothingAfter);
@@ -162,23 +178,45 @@ class Search {
     }
   }
 
-  void LookOutside(const Piece& piece) {
-    const std::string_view text = this->text.substr(piece.begin, piece.end - piece.begin);
-    if (piece.kind == Piece::Kind::kOther) {
-      const bool cut =
-          text.rfind("<!DOCTYPE", 0) == 0 && std::count(text.begin(), text.end(), '[') > 0;
-      if (cut && text.find(']') == std::string_view::npos) {
-        Tell({piece.begin, piece.begin,
-              "a DOCTYPE with declarations in it cannot be read, nor anything after it", true});
-      }
-    } else if (!IsBlank(text)) {
-      ended = true;
-      if (file.document.FirstChildElement() == nullptr) {
-        const std::size_t first = piece.begin + (text.size() - TrimmedSize(text));
-        Tell(
-            {first, first, "text stands before " + Tag(file.rootName) + ": nothing is read", true});
-      }
+  // The parser skips all of these up to the first ">".
+  void LookAtOther(const Piece& piece) {
+    const std::string_view other = text.substr(piece.begin, piece.end - piece.begin);
+    const bool cut =
+        other.find('[') != std::string_view::npos && other.find(']') == std::string_view::npos;
+    const bool known = other.rfind("<!DOCTYPE", 0) == 0 || other[1] == '?';
+    if (known && other[1] == '!' && cut) {
+      TellSilent(piece.begin,
+                 "a DOCTYPE with declarations in it cannot be read, nor anything after it");
+    } else if (!known) {
+      TellSilent(piece.begin,
+                 "\"<!\" begins nothing here, and only what follows it up to \">\" is skipped: is "
+                 "\"<!--\" meant?");
     }
+  }
+
+  void LookAtText(const Piece& piece) {
+    const std::string_view all = text.substr(piece.begin, piece.end - piece.begin);
+    const auto* const begin =
+        std::find_if_not(all.begin(), all.end(), [](char c) { return xml::IsSpace(c); });
+    const std::string_view shown = all.substr(static_cast<std::size_t>(begin - all.begin()));
+    const std::size_t at = piece.begin + static_cast<std::size_t>(begin - all.begin());
+    if (shown.empty()) {
+      return;
+    }
+    if (IsTagWithoutBracket(shown)) {
+      TellSilent(at, "the tag " + Shown(shown) + " lacks its \"<\": it is not read");
+    } else if (open.empty() && file.document.FirstChildElement() == nullptr) {
+      TellSilent(at, "text stands before " + Tag(file.rootName) + ": nothing is read");
+    }
+    ended = open.empty();
+  }
+
+  static std::string Shown(std::string_view tag) {
+    return std::string(tag.substr(0, tag.find('>') + 1));
+  }
+
+  void TellSilent(std::size_t at, const std::string& what) {
+    Tell({at, BeginOfParent(at), what, true});
   }
 
   // What is open where the text ends may be closed behind a zero byte.
@@ -217,6 +255,9 @@ class Search {
     } else if (piece.flawAt != piece.begin && xml::IsNameStart(text[piece.flawAt])) {
       what = NameAt(piece.flawAt);
     }
+    if (piece.flaw == Flaw::kStrayBracket && text.substr(piece.flawAt, 2) == "<-") {
+      return "a comment begins with \"<!--\", but here only what follows up to \">\" is skipped";
+    }
     return wording->before + what + wording->after;
   }
 
@@ -241,12 +282,6 @@ class Search {
     return spoilt != open.end() ? spoilt->at : at;
   }
 
-  static std::size_t TrimmedSize(std::string_view text) {
-    const auto first =
-        std::find_if(text.begin(), text.end(), [](char c) { return !xml::IsSpace(c); });
-    return static_cast<std::size_t>(text.end() - first);
-  }
-
   std::string LineOf(std::size_t offset) const { return std::to_string(file.At(offset).line); }
 
   std::string OnLine(const Piece& piece) const { return " at line " + LineOf(piece.begin); }
@@ -259,7 +294,6 @@ class Search {
   const std::string_view text;
   model::Markup markup;
   std::vector<Element> open;
-  std::map<std::string_view, EmptyElement> closed;  // the last of each name that its tag closes
   std::size_t rootEnd = 0;
   bool moreBehindRoot = false;
   bool ended = false;
