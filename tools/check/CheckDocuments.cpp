@@ -1,9 +1,15 @@
 #include "check/CheckDocuments.h"
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
+#include <vector>
 
 #include "check/CheckEncoding.h"
+#include "check/CheckMarkup.h"
 #include "check/CheckNames.h"
+#include "check/FindConflicts.h"
+#include "check/FindFault.h"
 #include "model/Elements.h"
 
 namespace check {
@@ -28,19 +34,39 @@ void CheckRoot(const model::File& file, Findings& findings) {
   }
 }
 
+Place PlaceOfError(const model::File& file) {
+  const TiXmlDocument& document = file.document;
+  return {file.Path(), std::max(1, document.ErrorRow()), std::max(1, document.ErrorCol())};
+}
+
+std::optional<Fault> FaultOf(const model::File& file) {
+  std::optional<Fault> fault = FindFault(file);
+  return fault && (fault->silent || file.document.Error()) ? fault : std::nullopt;
+}
+
+bool IsBlank(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+void CheckParsed(const model::File& file, Findings& findings) {
+  if (const std::optional<Fault> fault = FaultOf(file)) {
+    findings.Add(file.At(fault->at), kNotWellFormed, fault->text);
+  } else if (file.document.Error() && !IsBlank(file.Text())) {
+    findings.Add(PlaceOfError(file), kNotWellFormed, file.document.ErrorDesc());
+  } else {
+    CheckRoot(file, findings);
+  }
+}
+
 void CheckDocument(const model::File& file, Findings& findings) {
   if (file.state == model::File::State::kRefused) {
     const auto& [place, what] = file.refusal;
     findings.Add({file.Path(), place.row, place.column}, kNotLoaded, what);
-  } else if (file.state == model::File::State::kParsed) {
-    const TiXmlDocument& document = file.document;
+  } else if (file.state == model::File::State::kParsed && !CheckWidth(file, findings)) {
     CheckEncoding(file, findings);
-    if (document.Error()) {
-      findings.Add(
-          {file.Path(), std::max(1, document.ErrorRow()), std::max(1, document.ErrorCol())},
-          kNotWellFormed, document.ErrorDesc());
-    } else {
-      CheckRoot(file, findings);
+    CheckMarkup(file, findings);
+    if (FindConflicts(file.bytes).empty()) {
+      CheckParsed(file, findings);
     }
   }
 }
@@ -52,6 +78,20 @@ void CheckDocuments(const model::Model& model, Findings& findings) {
   for (const auto& [path, file] : model.associationFiles) {
     CheckDocument(*file, findings);
   }
+}
+
+std::optional<Place> FirstUnreliable(const model::File& file) {
+  if (file.state != model::File::State::kParsed) {
+    return std::nullopt;
+  }
+  const std::vector<std::size_t> conflicts = FindConflicts(file.bytes);
+  if (!conflicts.empty()) {
+    return file.At(conflicts.front());
+  }
+  if (const std::optional<Fault> fault = FaultOf(file)) {
+    return file.At(fault->from);
+  }
+  return file.document.Error() ? std::optional(PlaceOfError(file)) : std::nullopt;
 }
 
 }  // namespace check

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "check/Findings.h"
 #include "model/Model.h"
 
@@ -14,5 +16,9 @@ inline constexpr Rule kWrongRoot{"wrong-root", Severity::kError,
 
 /// Judges the files as XML documents, their encoding too.
 void CheckDocuments(const model::Model& model, Findings& findings);
+
+/// The place in a file from which on what is read may differ from what was meant, as the document
+/// is not well-formed or holds a merge conflict. Nothing where there is none.
+std::optional<Place> FirstUnreliable(const model::File& file);
 
 }  // namespace check

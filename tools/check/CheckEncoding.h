@@ -11,8 +11,12 @@ inline constexpr Rule kForeignEncoding{
     "foreign-encoding", Severity::kWarning,
     "Characters beyond ASCII in an encoding other than ISO 8859-1"};
 
+/// Tells of a file whose characters have several bytes each, as in UTF-16, and returns whether it
+/// is one: nothing can be read of it.
+bool CheckWidth(const model::File& file, Findings& findings);
+
 /// Judges the bytes of a parsed file by the encoding that its declaration names; without one it is
-/// UTF-8. At most one finding, at the first byte that is wrong.
+/// UTF-8.
 void CheckEncoding(const model::File& file, Findings& findings);
 
 }  // namespace check

@@ -49,6 +49,12 @@ bool Holds(const Names& names, const std::string& name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
+// Whether an attribute is XML's own, as those that name a schema: it may stand anywhere.
+bool IsOfXml(const std::string& name) {
+  return name == "xmlns" || name.rfind("xmlns:", 0) == 0 || name.rfind("xml:", 0) == 0 ||
+         name.rfind("xsi:", 0) == 0;
+}
+
 // Judges the names of one file. Of the lists of names, `read` are those that the library reads in a
 // place, `known` those that an author may have meant there.
 class NamesOfFile {
@@ -123,7 +129,7 @@ class NamesOfFile {
   void CheckAttributes(const TiXmlElement& element, const Names& read, const Names& known) const {
     for (const TiXmlAttribute* attribute : model::AttributesOf(element)) {
       const std::string& name = attribute->NameTStr();
-      if (!Holds(read, name)) {
+      if (!Holds(read, name) && !IsOfXml(name)) {
         Report(*attribute, kUnreadAttribute, name, "the attribute " + util::Quoted(name),
                element.ValueStr(), known);
       }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
@@ -13,6 +14,7 @@
 #include "check/CheckDocuments.h"
 #include "check/CheckEncoding.h"
 #include "check/CheckIncludes.h"
+#include "check/CheckMarkup.h"
 #include "check/CheckNames.h"
 #include "check/CheckSamples.h"
 #include "check/CheckUnits.h"
@@ -40,25 +42,18 @@ bool HoldsBeyondAscii(const Message& message) {
                      [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-bool IsBehind(const Place& place, const Place& other) {
+bool IsAtOrBehind(const Place& place, const Place& other) {
   return place.file == other.file &&
-         std::tie(place.line, place.column) > std::tie(other.line, other.column);
+         std::tie(place.line, place.column) >= std::tie(other.line, other.column);
 }
 
-// Elements behind the one that is left open are taken for its children. The root is left open where
-// the file ends too early, which changes nothing of what stands in it.
-void HoldBackBehindBreaks(const model::File& file, Findings& findings) {
-  if (!file.document.Error()) {
-    return;
-  }
-  for (const Finding& finding : findings.All()) {
-    const bool isRoot = file.root != nullptr && file.root->Row() == finding.place.line;
-    if (IsOneOf(finding, {&kNotWellFormed}) && finding.place.file == file.Path() && !isRoot) {
-      findings.HoldBack([&finding](const Finding& other) {
-        return IsBehind(other.place, finding.place) &&
-               !IsOneOf(other, {&kBadEncoding, &kForeignEncoding, &kNotWellFormed});
-      });
-    }
+void HoldBackBehindFault(const model::File& file, Findings& findings) {
+  if (const std::optional<Place> fault = FirstUnreliable(file)) {
+    findings.HoldBack([&fault](const Finding& finding) {
+      return IsAtOrBehind(finding.place, *fault) &&
+             !IsOneOf(finding, {&kNotLoaded, &kNotWellFormed, &kWrongRoot, &kBadEncoding,
+                                &kForeignEncoding, &kMergeConflict});
+    });
   }
 }
 
@@ -176,9 +171,9 @@ void HoldBackWhatKnownValuesShow(Findings& findings) {
 }  // namespace
 
 void HoldBack(const model::Model& model, Findings& findings) {
-  HoldBackBehindBreaks(*model.conversionFile, findings);
+  HoldBackBehindFault(*model.conversionFile, findings);
   for (const auto& [path, file] : model.associationFiles) {
-    HoldBackBehindBreaks(*file, findings);
+    HoldBackBehindFault(*file, findings);
   }
   HoldBackWhereFilesAreLost(model, findings);
   HoldBackWhereDefinitionsAreLost(model, findings);

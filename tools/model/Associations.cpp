@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "model/DataFiles.h"
 #include "model/Elements.h"
 #include "units/DataUnitToDisplayUnitConverter.h"
 #include "units/MostFiles.h"
@@ -40,7 +41,7 @@ class Walk {
     if (file.state != File::State::kParsed) {
       Stop(KindOf(file), {system.path}, {system.path}, false);
     }
-    Read(file);
+    Read(file, system.path);
   }
 
  private:
@@ -53,18 +54,19 @@ class Walk {
   }
 
   const AssociationFile& Open(const std::string& path) {
-    auto& file = files[path];
+    auto& file = files[IdentityOf(path)];
     if (file == nullptr) {
       file = std::make_unique<AssociationFile>(path);
     }
     return *file;
   }
 
-  void Read(const AssociationFile& file) {
+  // `path` is as it was written, and so compared by the library.
+  void Read(const AssociationFile& file, const std::string& path) {
     if (file.root == nullptr) {
       return;
     }
-    chain.push_back(file.Path());
+    chain.push_back(path);
     for (const TiXmlElement* include : ChildrenOf(*file.root, "include")) {
       Follow(file.At(*include), include->GetText());
     }
@@ -93,7 +95,7 @@ class Walk {
     if (file.state != File::State::kParsed) {
       Stop(KindOf(file), place, {path}, true);
     }
-    Read(file);
+    Read(file, path);
   }
 
   const std::string& folder;
@@ -143,6 +145,9 @@ std::set<std::string> BaseNames(const std::string& folder) {
   std::set<std::string> bases;
   for (const auto& entry : std::filesystem::directory_iterator(folder)) {
     const std::string name = entry.path().filename().string();
+    if (!IsData(entry)) {
+      continue;
+    }
     for (const std::string* suffix : kSuffixes) {
       const std::string ending = Converter::ASSOCIATION_FILENAME + *suffix;
       if (EndsWith(name, ending)) {

@@ -57,10 +57,10 @@ struct UnitSystem {
   std::map<std::string, Display> displays;      ///< by data unit
 };
 
-/// The association files of a folder by their paths, those that could not be read too.
+/// The association files of a folder by `IdentityOf` their paths, those that could not be read too.
 using AssociationFiles = std::map<std::string, std::unique_ptr<AssociationFile>>;
 
-/// The base names of the association files that stand in `folder` itself.
+/// The base names of the association files that stand in `folder` itself, as `IsData` has them.
 std::set<std::string> BaseNames(const std::string& folder);
 
 /// Reads the four unit systems of the base name `base` in `folder`, which ends in a slash, and adds

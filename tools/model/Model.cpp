@@ -1,8 +1,8 @@
 #include "model/Model.h"
 
-#include <filesystem>
 #include <iterator>
 
+#include "model/DataFiles.h"
 #include "units/UnitConverter.h"
 #include "util/FileHandler.h"
 
@@ -17,13 +17,9 @@ bool HoldsAssociations(const std::string& path) {
 }
 
 std::vector<std::string> FindStrays(const std::string& folder, const AssociationFiles& known) {
-  namespace fs = std::filesystem;
-  const auto options = fs::directory_options::skip_permission_denied;
   std::vector<std::string> strays;
-  for (const auto& entry : fs::recursive_directory_iterator(folder, options)) {
-    const std::string path = entry.path().string();
-    if (entry.is_regular_file() && entry.path().extension() == ".xml" && known.count(path) == 0 &&
-        HoldsAssociations(path)) {
+  for (const std::string& path : FindXmlFiles(folder)) {
+    if (known.count(IdentityOf(path)) == 0 && HoldsAssociations(path)) {
       strays.push_back(path);
     }
   }
