@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "check/CheckDefinitions.h"
-#include "text/NearestNames.h"
+#include "check/MissingConversions.h"
 #include "util/Text.h"
 
 namespace check {
@@ -17,28 +17,19 @@ using model::Association;
 using model::UnitSystem;
 
 void CheckConversions(const model::Conversions& conversions, const Place& place,
-                      const std::string& unit, const std::string& shown, Findings& findings) {
-  if (conversions.Find(unit, shown) != nullptr) {
-    if (conversions.Find(shown, unit) == nullptr) {
-      findings.Add(place, kNoWayBack,
-                   util::Quoted(shown) + " does not convert back into " + util::Quoted(unit),
-                   {unit, shown});
-    }
-    return;
+                      const std::string& unit, const std::string& shown,
+                      MissingConversions& missing, Findings& findings) {
+  if (conversions.Find(unit, shown) == nullptr) {
+    findings.Add(place, kNoConversion, missing.Describe(unit, shown), {unit, shown});
+  } else if (conversions.Find(shown, unit) == nullptr) {
+    findings.Add(place, kNoWayBack,
+                 util::Quoted(shown) + " does not convert back into " + util::Quoted(unit),
+                 {unit, shown});
   }
-  std::vector<std::string> targets;
-  if (const auto number = conversions.Find(unit)) {
-    for (const int target : conversions.TargetsOf(*number)) {
-      targets.push_back(conversions.NameOf(target));
-    }
-  }
-  findings.Add(place, kNoConversion,
-               util::Quoted(unit) + " does not convert into " + util::Quoted(shown) +
-                   (targets.empty() ? " or anything else" : NearestNames(shown, targets)),
-               {unit, shown});
 }
 
-void CheckDisplays(const model::Model& model, const UnitSystem& system, Findings& findings) {
+void CheckDisplays(const model::Model& model, const UnitSystem& system, MissingConversions& missing,
+                   Findings& findings) {
   for (const auto& [unit, display] : system.displays) {
     const Place place = display.association->At();
     if (display.label.empty()) {
@@ -46,7 +37,8 @@ void CheckDisplays(const model::Model& model, const UnitSystem& system, Findings
                    util::Quoted(unit) + " has an empty \"tounit\": it is shown without label",
                    {unit, ""});
     } else if (display.label != unit && model.conversionFile->root != nullptr) {
-      CheckConversions(model.definitions.conversions, place, unit, display.label, findings);
+      CheckConversions(model.definitions.conversions, place, unit, display.label, missing,
+                       findings);
     }
   }
 }
@@ -149,9 +141,10 @@ class Effects {
 }  // namespace
 
 void CheckAssociations(const model::Model& model, Findings& findings) {
+  MissingConversions missing(model.definitions.conversions);
   std::map<std::string, std::vector<const UnitSystem*>> completeByBase;
   for (const UnitSystem& system : model.systems) {
-    CheckDisplays(model, system, findings);
+    CheckDisplays(model, system, missing, findings);
     if (system.obstacles.empty()) {
       completeByBase[system.base].push_back(&system);
     }

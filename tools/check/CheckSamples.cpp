@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "check/Formula.h"
-#include "text/NearestNames.h"
+#include "check/MissingConversions.h"
 #include "text/Numbers.h"
 #include "util/Text.h"
 
@@ -19,9 +19,6 @@ namespace check {
 namespace {
 
 using model::Sample;
-
-// To seek a name takes long where there are very many.
-constexpr int kMostSought = 100;
 
 constexpr std::pair<Sample::Field Sample::*, const char*> kFields[] = {
     {&Sample::from, "unit to convert from"}, {&Sample::value, "value"},
@@ -119,7 +116,8 @@ class Judge {
   Judge(const model::Model& model, Findings& findings)
       : file(*model.conversionFile),
         conversions(model.definitions.conversions),
-        findings(findings) {}
+        findings(findings),
+        missing(conversions) {}
 
   void Check(const Sample& sample) {
     if (!HasAllFields(sample, findings)) {
@@ -161,40 +159,15 @@ class Judge {
   void ReportMissing(const Sample& sample) {
     const std::string& from = sample.from.text;
     const std::string& to = sample.to.text;
-    const auto number = conversions.Find(from);
-    const bool converts = number && !conversions.TargetsOf(*number).empty();
-    std::string text = converts ? util::Quoted(from) + " does not convert into " + util::Quoted(to)
-                                : "nothing converts from " + util::Quoted(from);
-    if (++sought <= kMostSought) {
-      text += converts ? NearestNames(to, NamesOf(conversions.TargetsOf(*number)))
-                       : NearestNames(from, NamesOf(Sources()));
-    }
-    findings.Add((converts ? sample.to : sample.from).place, kNoSuchConversion, text);
-  }
-
-  std::vector<int> Sources() const {
-    std::vector<int> sources;
-    for (int unit = 0; unit < conversions.UnitCount(); ++unit) {
-      if (!conversions.TargetsOf(unit).empty()) {
-        sources.push_back(unit);
-      }
-    }
-    return sources;
-  }
-
-  std::vector<std::string> NamesOf(const std::vector<int>& units) const {
-    std::vector<std::string> names;
-    for (const int unit : units) {
-      names.push_back(conversions.NameOf(unit));
-    }
-    return names;
+    findings.Add((missing.Converts(from) ? sample.to : sample.from).place, kNoSuchConversion,
+                 missing.Describe(from, to), {from, to});
   }
 
   const model::File& file;
   const model::Conversions& conversions;
   Findings& findings;
   Evaluator evaluator;
-  int sought = 0;
+  MissingConversions missing;
 };
 
 }  // namespace

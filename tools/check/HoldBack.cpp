@@ -113,8 +113,9 @@ void HoldBackWhatEncodingsBreak(Findings& findings) {
 }
 
 // What one missing conversion is told for: a unit that converts into nothing, one that nothing
-// converts, or the pair of them.
-Subject MissingOf(const model::Conversions& conversions, const Finding& finding) {
+// converts into, or the pair of them.
+Subject MissingOf(const model::Conversions& conversions, const std::set<int>& targets,
+                  const Finding& finding) {
   const bool back = finding.rule == &kNoWayBack;
   const std::string& from = back ? finding.subject.to : finding.subject.from;
   const std::string& to = back ? finding.subject.from : finding.subject.to;
@@ -122,17 +123,29 @@ Subject MissingOf(const model::Conversions& conversions, const Finding& finding)
   if (!source || conversions.TargetsOf(*source).empty()) {
     return {from, ""};
   }
-  return conversions.Find(to) ? Subject{from, to} : Subject{"", to};
+  const auto target = conversions.Find(to);
+  return target && targets.count(*target) != 0 ? Subject{from, to} : Subject{"", to};
 }
 
 void HoldBackRepetitions(const model::Conversions& conversions, Findings& findings) {
-  std::set<std::pair<std::string, std::string>> told;
+  std::set<int> targets;
+  for (const model::Conversion& conversion : conversions.All()) {
+    targets.insert(conversion.to);
+  }
+  std::set<std::pair<std::string, std::string>> missing;
+  std::set<std::pair<int, int>> wrong;
   findings.HoldBack([&](const Finding& finding) {
-    if (finding.follows || !IsOneOf(finding, {&kNoConversion, &kNoWayBack})) {
+    if (finding.follows) {
       return false;
     }
-    const Subject missing = MissingOf(conversions, finding);
-    return !told.emplace(missing.from, missing.to).second;
+    if (finding.rule == &kKnownValueDiffers) {
+      return !wrong.emplace(finding.place.line, finding.place.column).second;
+    }
+    if (!IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kNoSuchConversion})) {
+      return false;
+    }
+    const Subject subject = MissingOf(conversions, targets, finding);
+    return !missing.emplace(subject.from, subject.to).second;
   });
 }
 
@@ -148,7 +161,7 @@ void HoldBackWhatMisspellingsBreak(Findings& findings) {
     return;
   }
   findings.HoldBack([&names](const Finding& finding) {
-    return IsOneOf(finding, {&kNotInEverySystem, &kSimilarUnits, &kUnreachable}) &&
+    return IsOneOf(finding, {&kNotInEverySystem, &kSimilarUnits}) &&
            (!MisspellingOf(finding.subject.from, names).empty() ||
             (!finding.subject.to.empty() && !MisspellingOf(finding.subject.to, names).empty()));
   });
