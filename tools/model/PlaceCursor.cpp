@@ -18,6 +18,9 @@ PlaceCursor::PlaceCursor(const File& file)
     : file(file), bytes(file.bytes), utf8(file.IsReadAsUtf8()), place{file.Path()} {}
 
 Place PlaceCursor::At(std::size_t offset) {
+  if (offset < begin) {
+    return file.At(offset);
+  }
   const xml::Place counted = xml::PlaceAt(bytes.substr(begin), offset - begin, utf8);
   const int column = counted.row == 1 ? place.column + counted.column - 1 : counted.column;
   const Place found{file.Path(), place.line + counted.row - 1, column};
