@@ -17,29 +17,33 @@ using model::Piece;
 // What is told, around the attribute or tag that has the flaw.
 struct Wording {
   Flaw flaw;
+  bool ofTag;
   const char* before;
   const char* after;
-  bool ofTag = false;
 };
 
 constexpr Wording kWordings[] = {
-    {Flaw::kTagEnd, "the tag ", " lacks its \">\": nothing after it is read", true},
-    {Flaw::kOpeningQuote, "the value of ", " lacks its opening quote: nothing after it is read"},
-    {Flaw::kClosingQuote, "the value of ", " lacks its closing quote: nothing after it is read"},
-    {Flaw::kQuotes, "the value of ", " lacks its quotes: nothing after it is read"},
-    {Flaw::kValue, "the attribute ", " lacks \"=\" and its value: nothing after it is read"},
-    {Flaw::kRepeatedAttribute, "the attribute ", " is given twice: nothing after it is read"},
-    {Flaw::kStrayCharacter, "the character ", " belongs to no attribute: nothing after it is read"},
-    {Flaw::kEndTagName, "the end tag ",
-     " is no \"</\" with a name and \">\": nothing after it is read", true},
-    {Flaw::kReferenceEnd, "\"&#\" begins a number that \";\" has to end, as in \"&#176;\"",
+    {Flaw::kTagEnd, true, "the tag ", " lacks its \">\": nothing after it is read"},
+    {Flaw::kOpeningQuote, false, "the value of ",
+     " lacks its opening quote: nothing after it is read"},
+    {Flaw::kClosingQuote, false, "the value of ",
+     " lacks its closing quote: nothing after it is read"},
+    {Flaw::kQuotes, false, "the value of ", " lacks its quotes: nothing after it is read"},
+    {Flaw::kValue, false, "the attribute ", " lacks \"=\" and its value: nothing after it is read"},
+    {Flaw::kRepeatedAttribute, false, "the attribute ",
+     " is given twice: nothing after it is read"},
+    {Flaw::kStrayCharacter, false, "the character ",
+     " belongs to no attribute: nothing after it is read"},
+    {Flaw::kEndTagName, true, "the end tag ",
+     " is no \"</\" with a name and \">\": nothing after it is read"},
+    {Flaw::kReferenceEnd, false, "\"&#\" begins a number that \";\" has to end, as in \"&#176;\"",
      ": nothing after it is read"},
-    {Flaw::kCommentEnd, "the comment is not closed", ": nothing after it is read"},
-    {Flaw::kDataEnd, "the CDATA section is not closed", ": nothing after it is read"},
-    {Flaw::kDeclaration, "the XML declaration lacks a quote or its \"?>\"",
+    {Flaw::kCommentEnd, false, "the comment is not closed", ": nothing after it is read"},
+    {Flaw::kDataEnd, false, "the CDATA section is not closed", ": nothing after it is read"},
+    {Flaw::kDeclaration, false, "the XML declaration lacks a quote or its \"?>\"",
      ": what follows is not read"},
-    {Flaw::kStrayBracket, "\"<\" begins no tag here, and nothing up to the next \">\" is read",
-     ": is \"&lt;\" meant?"},
+    {Flaw::kStrayBracket, false,
+     "\"<\" begins no tag here, and nothing up to the next \">\" is read", ": is \"&lt;\" meant?"},
 };
 
 std::string NameAt(std::string_view text, std::size_t offset) {

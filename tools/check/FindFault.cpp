@@ -31,11 +31,28 @@ bool IsElement(std::string_view name) {
   return std::find(std::begin(kElements), std::end(kElements), name) != std::end(kElements);
 }
 
+std::string_view NameIn(std::string_view text) {
+  const auto* const end = std::find_if_not(text.begin(), text.end(), xml::IsInName);
+  return text.substr(0, static_cast<std::size_t>(end - text.begin()));
+}
+
+// Whether `text` goes on as a tag does behind its name.
+bool IsRestOfTag(std::string_view text) {
+  if (text.empty() || !xml::IsSpace(text.front())) {
+    return text.substr(0, 1) == ">" || text.substr(0, 2) == "/>";
+  }
+  const std::size_t attribute = text.find_first_not_of(" \t\r\n");
+  if (attribute == std::string_view::npos || text.find('>') == std::string_view::npos) {
+    return false;
+  }
+  const std::string_view name = NameIn(text.substr(attribute));
+  return !name.empty() && text.substr(attribute + name.size(), 1) == "=";
+}
+
 bool IsTagWithoutBracket(std::string_view text) {
   const std::string_view tag = text.substr(text.front() == '/' ? 1 : 0);
-  const auto* const end = std::find_if_not(tag.begin(), tag.end(), xml::IsInName);
-  const std::string_view name = tag.substr(0, static_cast<std::size_t>(end - tag.begin()));
-  return IsElement(name) && tag.find('>') != std::string_view::npos;
+  const std::string_view name = NameIn(tag);
+  return IsElement(name) && IsRestOfTag(tag.substr(name.size()));
 }
 
 // Follows the tags of a file up to the first that does not fit.
@@ -58,8 +75,7 @@ class Search {
   struct Element {
     std::string_view name;
     std::size_t at;
-    std::map<std::string_view, std::size_t> closed = {};  // the last of its children of each name
-                                                          // that its own tag closes
+    std::map<std::string_view, std::size_t> closed = {};  // its last children that are one tag each
   };
 
   void Look(const Piece& piece) {
@@ -82,7 +98,7 @@ class Search {
   void LookAtStartTag(const Piece& piece) {
     const bool empty = piece.kind == Piece::Kind::kEmptyTag;
     moreBehindRoot = moreBehindRoot || (open.empty() && rootEnd != 0);
-    if (!open.empty() && empty) {
+    if (!open.empty() && empty && IsElement(piece.name)) {
       open.back().closed[piece.name] = piece.begin;
     } else if (!open.empty()) {
       open.back().closed.erase(piece.name);
