@@ -43,11 +43,10 @@ bool IsLatin1(const std::string& encoding) {
 // What iconv makes of text in one encoding.
 class Decoder {
  public:
-  // Signs that iconv takes for options are in no name of an encoding.
+  // Behind these signs iconv looks for options, which no name of an encoding has.
   Decoder(const std::string& from, const std::string& to)
-      : conversion(from.find_first_of("/,") == std::string::npos
-                       ? iconv_open(to.c_str(), from.c_str())
-                       : iconv_t(-1)) {}
+      : conversion(iconv_open(
+            to.c_str(), from.find_first_of("/,") == std::string::npos ? from.c_str() : "none")) {}
   Decoder(const Decoder&) = delete;
   Decoder& operator=(const Decoder&) = delete;
   ~Decoder() {
@@ -153,7 +152,7 @@ class Judge {
     findings.Add(
         {file.Path()}, kForeignEncoding,
         known ? "the file is not in the encoding " + util::Quoted(encoding) +
-                    ", which has no ASCII: declare ISO-8859-1"
+                    " that it declares: declare ISO-8859-1"
               : "the encoding " + util::Quoted(encoding) + " is unknown: declare ISO-8859-1");
   }
 

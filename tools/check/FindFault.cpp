@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "check/DescribeFlaw.h"
 #include "model/Markup.h"
 #include "text/NearestNames.h"
-#include "util/Text.h"
 #include "xml/ByteClasses.h"
 
 namespace check {
@@ -20,34 +20,6 @@ using model::Piece;
 
 constexpr char kNothingAfter[] = ": nothing after it is read";
 
-// What is said of a flaw, around the attribute or tag that has it.
-struct Wording {
-  Flaw flaw;
-  const char* before;
-  const char* after;
-  bool ofTag = false;
-};
-
-constexpr Wording kWordings[] = {
-    {Flaw::kTagEnd, "the tag ", " lacks its \">\": nothing after it is read", true},
-    {Flaw::kOpeningQuote, "the value of ", " lacks its opening quote: nothing after it is read"},
-    {Flaw::kClosingQuote, "the value of ", " lacks its closing quote: nothing after it is read"},
-    {Flaw::kQuotes, "the value of ", " lacks its quotes: nothing after it is read"},
-    {Flaw::kValue, "the attribute ", " lacks \"=\" and its value: nothing after it is read"},
-    {Flaw::kRepeatedAttribute, "the attribute ", " is given twice: nothing after it is read"},
-    {Flaw::kStrayCharacter, "the character ", " belongs to no attribute: nothing after it is read"},
-    {Flaw::kEndTagName, "the end tag ",
-     " is no \"</\" with a name and \">\": nothing after it is read", true},
-    {Flaw::kReferenceEnd, "\"&#\" begins a number that \";\" has to end, as in \"&#176;\"",
-     ": nothing after it is read"},
-    {Flaw::kCommentEnd, "the comment is not closed", ": nothing after it is read"},
-    {Flaw::kDataEnd, "the CDATA section is not closed", ": nothing after it is read"},
-    {Flaw::kDeclaration, "the XML declaration lacks a quote or its \"?>\"",
-     ": what follows is not read"},
-    {Flaw::kStrayBracket, "\"<\" begins no tag here, and nothing up to the next \">\" is read",
-     ": is \"&lt;\" meant?"},
-};
-
 std::string Tag(std::string_view name) { return "<" + std::string(name) + ">"; }
 
 std::string EndTag(std::string_view name) { return "</" + std::string(name) + ">"; }
@@ -55,12 +27,32 @@ std::string EndTag(std::string_view name) { return "</" + std::string(name) + ">
 constexpr std::string_view kElements[] = {"unit_conversions",  "fromunit",  "tounit", "conv",
                                           "unit_associations", "unitassoc", "include"};
 
+bool IsElement(std::string_view name) {
+  return std::find(std::begin(kElements), std::end(kElements), name) != std::end(kElements);
+}
+
+std::string_view NameIn(std::string_view text) {
+  const auto* const end = std::find_if_not(text.begin(), text.end(), xml::IsInName);
+  return text.substr(0, static_cast<std::size_t>(end - text.begin()));
+}
+
+// Whether `text` goes on as a tag does behind its name.
+bool IsRestOfTag(std::string_view text) {
+  if (text.empty() || !xml::IsSpace(text.front())) {
+    return text.substr(0, 1) == ">" || text.substr(0, 2) == "/>";
+  }
+  const std::size_t attribute = text.find_first_not_of(" \t\r\n");
+  if (attribute == std::string_view::npos || text.find('>') == std::string_view::npos) {
+    return false;
+  }
+  const std::string_view name = NameIn(text.substr(attribute));
+  return !name.empty() && text.substr(attribute + name.size(), 1) == "=";
+}
+
 bool IsTagWithoutBracket(std::string_view text) {
   const std::string_view tag = text.substr(text.front() == '/' ? 1 : 0);
-  const auto* const end = std::find_if_not(tag.begin(), tag.end(), xml::IsInName);
-  const std::string_view name = tag.substr(0, static_cast<std::size_t>(end - tag.begin()));
-  return std::find(std::begin(kElements), std::end(kElements), name) != std::end(kElements) &&
-         tag.find('>') != std::string_view::npos;
+  const std::string_view name = NameIn(tag);
+  return IsElement(name) && IsRestOfTag(tag.substr(name.size()));
 }
 
 // Follows the tags of a file up to the first that does not fit.
@@ -83,8 +75,7 @@ class Search {
   struct Element {
     std::string_view name;
     std::size_t at;
-    std::map<std::string_view, std::size_t> closed = {};  // the last of its children of each name
-                                                          // that its own tag closes
+    std::map<std::string_view, std::size_t> closed = {};  // its last children that are one tag each
   };
 
   void Look(const Piece& piece) {
@@ -107,7 +98,7 @@ class Search {
   void LookAtStartTag(const Piece& piece) {
     const bool empty = piece.kind == Piece::Kind::kEmptyTag;
     moreBehindRoot = moreBehindRoot || (open.empty() && rootEnd != 0);
-    if (!open.empty() && empty) {
+    if (!open.empty() && empty && IsElement(piece.name)) {
       open.back().closed[piece.name] = piece.begin;
     } else if (!open.empty()) {
       open.back().closed.erase(piece.name);
@@ -140,7 +131,11 @@ class Search {
     const std::string name(piece.name);
     const std::string awaited = Tag(left.name) + " of line " + LineOf(left.at);
     const auto slashed = left.closed.find(piece.name);
-    if (!MisspellingOf(name, {std::string(left.name)}).empty()) {
+    const bool misspelt = !MisspellingOf(name, {std::string(left.name)}).empty();
+    if (misspelt && IsElement(name) && !IsElement(left.name)) {
+      TellAt(left.at, Tag(left.name) + " does not fit " + EndTag(name) + OnLine(piece) + ": is " +
+                          Tag(name) + " meant? Nothing after that is read");
+    } else if (misspelt) {
       TellAt(piece.begin, EndTag(name) + " does not close " + awaited + ": is " +
                               EndTag(left.name) + " meant? Nothing after it is read");
     } else if (slashed != left.closed.end()) {
@@ -240,33 +235,7 @@ class Search {
     }
     const bool silent = piece.flaw == Flaw::kCommentEnd || piece.flaw == Flaw::kDeclaration ||
                         piece.flaw == Flaw::kStrayBracket;
-    Tell({piece.flawAt, BeginOfParent(piece.begin), Describe(piece), silent});
-  }
-
-  std::string Describe(const Piece& piece) const {
-    const auto* const wording =
-        std::find_if(std::begin(kWordings), std::end(kWordings),
-                     [&piece](const Wording& each) { return each.flaw == piece.flaw; });
-    std::string what;
-    if (piece.flaw == Flaw::kStrayCharacter) {
-      what = std::string(text.substr(piece.flawAt, 1)) + " in the tag " + Tag(piece.name);
-    } else if (wording->ofTag) {
-      what = (piece.kind == Piece::Kind::kEndTag ? "</" : "<") + std::string(piece.name);
-    } else if (piece.flawAt != piece.begin && xml::IsNameStart(text[piece.flawAt])) {
-      what = NameAt(piece.flawAt);
-    }
-    if (piece.flaw == Flaw::kStrayBracket && text.substr(piece.flawAt, 2) == "<-") {
-      return "a comment begins with \"<!--\", but here only what follows up to \">\" is skipped";
-    }
-    return wording->before + what + wording->after;
-  }
-
-  std::string NameAt(std::size_t offset) const {
-    std::size_t end = offset;
-    while (end < text.size() && xml::IsInName(text[end])) {
-      ++end;
-    }
-    return util::Quoted(std::string(text.substr(offset, end - offset)));
+    Tell({piece.flawAt, BeginOfParent(piece.begin), DescribeFlaw(piece, text), silent});
   }
 
   bool IsOpen(std::string_view name) const {

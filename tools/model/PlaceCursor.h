@@ -14,7 +14,7 @@ class PlaceCursor {
   /// `file` must outlive this.
   explicit PlaceCursor(const File& file);
 
-  /// The place of the byte at `offset`, none before that of the last call.
+  /// The place of the byte at `offset`; at once where it stands soon behind that of the last call.
   Place At(std::size_t offset);
 
  private:
