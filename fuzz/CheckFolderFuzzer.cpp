@@ -82,6 +82,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                   [](const check::Finding& finding) {
                                     return finding.rule->severity == check::Severity::kError;
                                   });
+  const bool accepted = std::any_of(result.findings.begin(), result.findings.end(),
+                                    [](const check::Finding& each) { return bool(each.accepted); });
+  Require(sound || accepted || check::Count(result.findings, check::Severity::kError) > 0,
+          "an error never only follows from warnings");
   if (sound) {
     RequireThatAllIsShown(folder);
   }

@@ -150,7 +150,7 @@ class Judge {
   void TellUnknown(const std::string& encoding, bool known) {
     told = true;
     findings.Add(
-        {file.Path()}, kForeignEncoding,
+        {file.Path()}, kUnknownEncoding,
         known ? "the file is not in the encoding " + util::Quoted(encoding) +
                     " that it declares: declare ISO-8859-1"
               : "the encoding " + util::Quoted(encoding) + " is unknown: declare ISO-8859-1");

@@ -33,9 +33,7 @@ void Report(const Obstacle& obstacle, const model::UnitSystem& system, Findings&
   switch (obstacle.kind) {
     case Obstacle::Kind::kUnreadable:
       if (obstacle.included) {
-        findings.Add(obstacle.place, kMissingInclude,
-                     "the included file " + Message::Verbatim(obstacle.files.front()) +
-                         " is missing or empty");
+        findings.Add(obstacle.place, kMissingInclude, MissingIncludeOf(obstacle.files.front()));
       } else {
         findings.Add(obstacle.place, kMissingFile,
                      "the file of the unit system " + system.name + " is missing or empty");
@@ -56,6 +54,10 @@ void Report(const Obstacle& obstacle, const model::UnitSystem& system, Findings&
 }
 
 }  // namespace
+
+Message MissingIncludeOf(const std::string& path) {
+  return "the included file " + Message::Verbatim(path) + " is missing or empty";
+}
 
 void CheckIncludes(const model::Model& model, Findings& findings) {
   if (model.conversionFile->state == model::File::State::kUnreadable) {

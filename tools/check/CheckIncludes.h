@@ -16,6 +16,9 @@ inline constexpr Rule kEmptyInclude{"empty-include", Severity::kError,
 inline constexpr Rule kIncludeCycle{"include-cycle", Severity::kError,
                                     "Files that include each other in a circle"};
 
+/// What is told of an include of the file at `path` that is not there.
+Message MissingIncludeOf(const std::string& path);
+
 /// Judges which files there are, and how they include each other.
 void CheckIncludes(const model::Model& model, Findings& findings);
 

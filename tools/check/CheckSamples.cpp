@@ -149,10 +149,10 @@ class Judge {
     const std::string& to = sample.to.text;
     const std::string shown = std::isnan(result) ? "no number in" : FormatResult(result, numbers);
     findings.Add(file.At(*conversion.element), kKnownValueDiffers,
-                 Trimmed(sample.value.text) + ' ' + util::Quoted(from) + " gives " + shown + ' ' +
-                     util::Quoted(to) + ", not " + Trimmed(sample.expected.text) +
-                     DescribeError(result, numbers) + "; the known value stands at " +
-                     ToMessage(sample.from.place) + ", source: " + Trimmed(sample.source.text),
+                 Trimmed(sample.value.text) + ' ' + from + " gives " + shown + ' ' + to + ", not " +
+                     Trimmed(sample.expected.text) + DescribeError(result, numbers) +
+                     "; the known value stands at " + ToMessage(sample.from.place) +
+                     ", source: " + Trimmed(sample.source.text),
                  {from, to});
   }
 

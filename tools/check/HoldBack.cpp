@@ -10,12 +10,15 @@
 #include <vector>
 
 #include "check/CheckAssociations.h"
+#include "check/CheckConstants.h"
 #include "check/CheckDefinitions.h"
 #include "check/CheckDocuments.h"
 #include "check/CheckEncoding.h"
+#include "check/CheckExpressions.h"
 #include "check/CheckIncludes.h"
 #include "check/CheckMarkup.h"
 #include "check/CheckNames.h"
+#include "check/CheckReference.h"
 #include "check/CheckSamples.h"
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
@@ -59,7 +62,12 @@ void HoldBackBehindFault(const model::File& file, Findings& findings) {
 
 // What says that something is not there, though it may only not have been read.
 void HoldBackWhereFilesAreLost(const model::Model& model, Findings& findings) {
-  if (!IsWhole(*model.conversionFile)) {
+  const auto isWhole = [&findings](const model::File& file) {
+    return IsWhole(file) && !findings.Has([&file](const Finding& finding) {
+      return finding.rule == &kMergeConflict && finding.place.file == file.Path();
+    });
+  };
+  if (!isWhole(*model.conversionFile)) {
     findings.HoldBack([](const Finding& finding) {
       return IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kNoSuchConversion, &kMixedQuantities,
                                &kSimilarUnits, &kUnreachable});
@@ -69,7 +77,7 @@ void HoldBackWhereFilesAreLost(const model::Model& model, Findings& findings) {
       std::all_of(model.systems.begin(), model.systems.end(),
                   [](const model::UnitSystem& system) { return system.obstacles.empty(); }) &&
       std::all_of(model.associationFiles.begin(), model.associationFiles.end(),
-                  [](const auto& entry) { return IsWhole(*entry.second); });
+                  [&](const auto& entry) { return isWhole(*entry.second); });
   if (!allThere) {
     findings.HoldBack([](const Finding& finding) {
       return IsOneOf(finding, {&kNotInEverySystem, &kWithoutEffect, &kUnreadFile, &kMixedQuantities,
@@ -167,6 +175,52 @@ void HoldBackWhatMisspellingsBreak(Findings& findings) {
   });
 }
 
+// A reference that is read as something else is part of a name that then is not there.
+void HoldBackWhatReferencesBreak(const std::string& conversionFile, Findings& findings) {
+  std::set<std::pair<std::string, int>> lines;
+  for (const Finding& finding : findings.All()) {
+    if (finding.rule == &kBadReference) {
+      lines.emplace(finding.place.file, finding.place.line);
+    }
+  }
+  const bool everywhere = !lines.empty() && lines.begin()->first == conversionFile;
+  findings.HoldBack([&](const Finding& finding) {
+    return IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kUnreachable, &kNoSuchConversion,
+                             &kNotInEverySystem}) &&
+           (everywhere || lines.count({finding.place.file, finding.place.line}) != 0);
+  });
+}
+
+// A formula that is wrong by itself disagrees with every other.
+void HoldBackWhatFormulasBreak(Findings& findings) {
+  std::set<std::pair<std::string, std::string>> wrong;
+  for (const Finding& finding : findings.All()) {
+    if (IsOneOf(finding, {&kStrayComma, &kAssignment, &kConstantExpression, &kZeroScalar,
+                          &kBadNumber, &kNumberNotFinite})) {
+      wrong.emplace(finding.subject.from, finding.subject.to);
+    }
+  }
+  findings.HoldBack([&wrong](const Finding& finding) {
+    const auto& [from, to] = finding.subject;
+    return IsOneOf(finding, {&kNotInverse, &kWaysDisagree, &kKnownValueDiffers}) &&
+           (wrong.count({from, to}) != 0 ||
+            (finding.rule == &kNotInverse && wrong.count({to, from}) != 0));
+  });
+}
+
+// One file may be asked for in several places.
+void HoldBackRepeatedIncludes(Findings& findings) {
+  std::set<std::string> missing;
+  for (const Finding& finding : findings.All()) {
+    if (finding.rule == &kMissingFile) {
+      missing.insert(MissingIncludeOf(finding.place.file).Bytes());
+    }
+  }
+  findings.HoldBack([&missing](const Finding& finding) {
+    return finding.rule == &kMissingInclude && !missing.insert(finding.text.Bytes()).second;
+  });
+}
+
 // A published value says more than that two conversions differ.
 void HoldBackWhatKnownValuesShow(Findings& findings) {
   std::set<std::pair<int, int>> places;
@@ -191,6 +245,9 @@ void HoldBack(const model::Model& model, Findings& findings) {
   HoldBackWhereFilesAreLost(model, findings);
   HoldBackWhereDefinitionsAreLost(model, findings);
   HoldBackWhatEncodingsBreak(findings);
+  HoldBackWhatReferencesBreak(model.conversionFile->Path(), findings);
+  HoldBackWhatFormulasBreak(findings);
+  HoldBackRepeatedIncludes(findings);
   HoldBackRepetitions(model.definitions.conversions, findings);
   HoldBackWhatMisspellingsBreak(findings);
   HoldBackWhatKnownValuesShow(findings);
