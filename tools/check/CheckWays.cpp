@@ -64,6 +64,9 @@ std::string Off(const Example& example) {
   return " (" + Format(percent >= 10 && percent < 1e6 ? "%.0f" : "%.2g", percent) + " % off)";
 }
 
+// To seek other ways takes long where there are very many conversions and most are wrong.
+constexpr int kMostExplained = 200;
+
 // Two steps, and the conversion that does the same at once.
 using Triangle = std::array<const model::Conversion*, 3>;
 
@@ -142,6 +145,7 @@ class Ways {
   std::vector<int> heads;                   // by unit: another one of its group, or itself
   std::vector<int> groups;                  // by unit: the number of its group; 0 for none
   std::unordered_set<const model::Conversion*> told;
+  int contradictions = 0;
   std::vector<Triangle> disagreeing;
 };
 
@@ -238,7 +242,7 @@ void Ways::CheckContradicted(const Consensus& consensus, const model::Conversion
     ReportContradiction(consensus, {&conversion, back});
   } else if (!gone || consensus.Contradicts(*back)) {
     ReportContradiction(consensus, {&conversion});
-  } else if (consensus.Alternatives({&conversion}).empty()) {
+  } else if (++contradictions <= kMostExplained && consensus.Alternatives({&conversion}).empty()) {
     told.insert(&conversion);
     const std::string reason =
         consensus.IsIdentity(*back)
@@ -252,6 +256,9 @@ void Ways::CheckContradicted(const Consensus& consensus, const model::Conversion
 }
 
 void Ways::CheckPair(const model::Conversion& there, const model::Conversion& back) {
+  if (LeadsBack({&there, &back}, evaluator)) {
+    return;
+  }
   if (ExampleOf({&there, &back}, {})) {
     Report(kNotInverse, {&there, &back}, DescribeReturn(there, back));
   } else if (!(IsLinear(there) && IsLinear(back)) && ExampleOf({&back, &there}, {})) {
@@ -260,13 +267,14 @@ void Ways::CheckPair(const model::Conversion& there, const model::Conversion& ba
 }
 
 void Ways::ReportContradiction(const Consensus& consensus, const Way& way) {
+  const bool explained = ++contradictions <= kMostExplained;
   const model::Conversion& first = *way.front();
-  const Way other = consensus.FindWay(first.from, first.to);
+  const Way other = explained ? consensus.FindWay(first.from, first.to) : Way();
   const std::optional<Example> example = ExampleOf({&first}, other);
   std::string text = other.empty() || !example ? Describe(first, other, ExampleOf(consensus, first))
                                                : Describe(first, other, *example);
   List suspects;
-  for (const Way& alternative : consensus.Alternatives(way)) {
+  for (const Way& alternative : explained ? consensus.Alternatives(way) : std::vector<Way>()) {
     suspects.push_back(alternative.front());
     told.insert(alternative.begin(), alternative.end());
   }

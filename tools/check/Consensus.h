@@ -53,6 +53,7 @@ class Consensus {
   std::unordered_map<int, List> from;
   std::unordered_map<int, List> to;
   std::unordered_map<int, Readings> readings;
+  std::unordered_set<const model::Conversion*> followed;  // those that gave a unit its readings
   List contradicted;
   std::unordered_set<const model::Conversion*> contradictedSet;
 };

@@ -53,6 +53,17 @@ Readings Follow(const Way& way, Readings readings, Evaluator& evaluator) {
   return readings;
 }
 
+bool LeadsBack(const Way& way, Evaluator& evaluator) {
+  const auto& values = SampleValues();
+  return std::all_of(values.begin(), values.end(), [&](double value) {
+    double result = value;
+    for (const model::Conversion* conversion : way) {
+      result = evaluator.Apply(*conversion->record, result);
+    }
+    return std::abs(result - value) <= kTolerance * std::abs(value);
+  });
+}
+
 double DifferenceOf(const Reading& one, const Reading& other) {
   const double error = std::abs(one.value - other.value);
   const double scale = std::max(one.scale, other.scale);

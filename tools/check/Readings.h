@@ -32,6 +32,10 @@ Readings Follow(const model::Conversion& conversion, const Readings& readings,
                 Evaluator& evaluator);
 Readings Follow(const Way& way, Readings readings, Evaluator& evaluator);
 
+/// Whether `way` leads back to where it began from for all sample values, to the last digits: what
+/// is quickly told. Others may agree with their values too, as far as those are exact.
+bool LeadsBack(const Way& way, Evaluator& evaluator);
+
 /// By how much `one` differs from `other`, relative to the values that they come from; 0 where
 /// rounding explains it, or where one of them is not finite.
 double DifferenceOf(const Reading& one, const Reading& other);
