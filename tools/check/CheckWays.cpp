@@ -374,7 +374,16 @@ Example Ways::ExampleOf(const Consensus& consensus, const model::Conversion& con
   const Readings& values = consensus.Of(conversion.from);
   const Readings got = Follow(conversion, values, evaluator);
   const Readings& expected = consensus.Of(conversion.to);
-  const std::size_t at = FindGreatestDifference(got, expected);
+  // Of the values that show it, the one of the most usual magnitude.
+  const auto strangeness = [&](std::size_t i) {
+    return DifferenceOf(got[i], expected[i]) > 0
+               ? std::abs(std::log(std::abs(values[i].value) / 100))
+               : HUGE_VAL;
+  };
+  std::size_t at = 0;
+  for (std::size_t i = 1; i < values.size(); ++i) {
+    at = strangeness(i) < strangeness(at) ? i : at;
+  }
   return {values[at].value, got[at].value, expected[at].value};
 }
 
