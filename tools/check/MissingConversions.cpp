@@ -15,9 +15,8 @@ bool MissingConversions::Converts(const std::string& from) const {
 std::string MissingConversions::Describe(const std::string& from, const std::string& to) {
   constexpr int kMostSought = 100;
   const bool converts = Converts(from);
-  const std::string text = converts
-                               ? util::Quoted(from) + " does not convert into " + util::Quoted(to)
-                               : "nothing converts from " + util::Quoted(from);
+  std::string text = converts ? util::Quoted(from) + " does not convert into " + util::Quoted(to)
+                              : "nothing converts from " + util::Quoted(from);
   if (++sought > kMostSought) {
     return text;
   }
