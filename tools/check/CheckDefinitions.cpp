@@ -59,10 +59,10 @@ void CheckToUnit(const model::File& file, const model::ToUnit& toUnit, const std
   if (id == nullptr || *id == '\0') {
     const char* what =
         id == nullptr ? " lacks the attribute \"id\": it is skipped" : " has an empty \"id\"";
-    findings.Add(file.At(element), kTounitWithoutId, label + what);
+    findings.Add(file.At(element), kTounitWithoutId, label + what, {from, ""});
   } else if (toUnit.conv == nullptr) {
     findings.Add(file.At(element), kTounitWithoutConv,
-                 label + " into " + util::Quoted(id) + " has no <conv>: it is skipped");
+                 label + " into " + util::Quoted(id) + " has no <conv>: it is skipped", {from, id});
   }
   for (const TiXmlElement* conv : model::ChildrenOf(element, "conv")) {
     if (conv != toUnit.conv) {

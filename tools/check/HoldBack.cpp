@@ -89,21 +89,23 @@ void HoldBackWhereFilesAreLost(const model::Model& model, Findings& findings) {
 // A definition that is skipped takes along what needs it. Some do not say whose it is.
 void HoldBackWhereDefinitionsAreLost(const model::Model& model, Findings& findings) {
   const std::string& path = model.conversionFile->Path();
+  std::set<std::string> units;
   for (const Finding& cause : findings.All()) {
-    if (cause.place.file != path || cause.follows ||
-        !IsOneOf(cause, {&kMissingId, &kMisspeltName, &kTounitWithoutId, &kTounitWithoutConv,
-                         &kUnknownType, &kUnusableType, &kConvWithoutFormula, &kIntoItself})) {
-      continue;
+    if (cause.place.file == path && !cause.follows &&
+        IsOneOf(cause, {&kMissingId, &kMisspeltName, &kTounitWithoutId, &kTounitWithoutConv,
+                        &kUnknownType, &kUnusableType, &kConvWithoutFormula, &kIntoItself})) {
+      units.insert(cause.subject.from);
     }
-    const std::string& unit = cause.subject.from;
-    findings.HoldBack([&unit](const Finding& finding) {
-      const bool isRelated =
-          unit.empty() || finding.subject.from == unit || finding.subject.to == unit;
-      return (isRelated && IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kNoSuchConversion,
-                                             &kMixedQuantities})) ||
-             IsOneOf(finding, {&kUnreachable});
-    });
   }
+  const bool isRelatedToAll = units.count("") != 0;
+  findings.HoldBack([&](const Finding& finding) {
+    const bool isRelated = isRelatedToAll || units.count(finding.subject.from) != 0 ||
+                           units.count(finding.subject.to) != 0;
+    return !units.empty() &&
+           ((isRelated && IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kNoSuchConversion,
+                                            &kMixedQuantities})) ||
+            finding.rule == &kUnreachable);
+  });
 }
 
 // Names that are the same to the eye and differ in their bytes.

@@ -74,6 +74,9 @@ Json SarifResult(const check::Finding& finding, const Charset& utf8) {
   result["level"] = check::NameOf(rule.severity);
   result["message"]["text"] = finding.text.In(utf8);
   result["locations"][0]["physicalLocation"] = location;
+  if (finding.follows) {
+    result["properties"]["follows"] = true;
+  }
   if (finding.accepted) {
     const bool inSource = finding.accepted->kind == check::Acceptance::Kind::kInSource;
     Json& suppression = result["suppressions"][0];
@@ -108,6 +111,9 @@ void WriteJson(std::ostream& stream, const Result& result, const std::string& ru
     item["rule"] = rule.name;
     item["help"] = UriOf(rules) + '#' + rule.name;
     item["text"] = finding.text.In(utf8);
+    if (finding.follows) {
+      item["follows"] = true;
+    }
     if (finding.accepted) {
       item["suppressed"] = true;
       item["reason"] = Message(finding.accepted->why).In(utf8);
