@@ -64,7 +64,8 @@ void HoldBackBehindFault(const model::File& file, Findings& findings) {
 void HoldBackWhereFilesAreLost(const model::Model& model, Findings& findings) {
   const auto isWhole = [&findings](const model::File& file) {
     return IsWhole(file) && !findings.Has([&file](const Finding& finding) {
-      return finding.rule == &kMergeConflict && finding.place.file == file.Path();
+      return finding.place.file == file.Path() &&
+             IsOneOf(finding, {&kMergeConflict, &kNotWellFormed});
     });
   };
   if (!isWhole(*model.conversionFile)) {
@@ -108,6 +109,40 @@ void HoldBackWhereDefinitionsAreLost(const model::Model& model, Findings& findin
   });
 }
 
+using Lines = std::set<std::pair<std::string, int>>;
+
+Lines LinesOf(Rules rules, const Findings& findings) {
+  Lines lines;
+  for (const Finding& finding : findings.All()) {
+    if (IsOneOf(finding, rules)) {
+      lines.emplace(finding.place.file, finding.place.line);
+    }
+  }
+  return lines;
+}
+
+bool IsOnOneOf(const Lines& lines, const Finding& finding) {
+  return lines.count({finding.place.file, finding.place.line}) != 0;
+}
+
+// What is misspelt is missing; without a formula nothing else of it is read.
+void HoldBackBesideLostNames(const std::string& conversionFile, Findings& findings) {
+  const Lines misspelt = LinesOf({&kMisspeltName}, findings);
+  const Lines formless = LinesOf({&kConvWithoutFormula}, findings);
+  findings.HoldBack([&](const Finding& finding) {
+    return (IsOnOneOf(misspelt, finding) &&
+            IsOneOf(finding, {&kMissingId, &kTounitWithoutId, &kTounitWithoutConv, &kEmptyTounit,
+                              &kMissingConstant, &kConvWithoutFormula, &kUnreadAttribute})) ||
+           (IsOnOneOf(formless, finding) && finding.rule == &kUnreadAttribute);
+  });
+  if (findings.Has([&conversionFile](const Finding& finding) {
+        return finding.place.file != conversionFile &&
+               IsOneOf(finding, {&kMissingId, &kMisspeltName});
+      })) {
+    findings.HoldBack([](const Finding& finding) { return finding.rule == &kNotInEverySystem; });
+  }
+}
+
 // Names that are the same to the eye and differ in their bytes.
 void HoldBackWhatEncodingsBreak(Findings& findings) {
   const bool broken = findings.Has([](const Finding& finding) {
@@ -142,7 +177,7 @@ void HoldBackRepetitions(const model::Conversions& conversions, Findings& findin
   for (const model::Conversion& conversion : conversions.All()) {
     targets.insert(conversion.to);
   }
-  std::set<std::pair<std::string, std::string>> missing;
+  Pairs missing;
   std::set<std::pair<int, int>> wrong;
   findings.HoldBack([&](const Finding& finding) {
     if (finding.follows) {
@@ -181,34 +216,39 @@ void HoldBackWhatMisspellingsBreak(Findings& findings) {
 
 // A reference that is read as something else is part of a name that then is not there.
 void HoldBackWhatReferencesBreak(const std::string& conversionFile, Findings& findings) {
-  std::set<std::pair<std::string, int>> lines;
-  for (const Finding& finding : findings.All()) {
-    if (finding.rule == &kBadReference) {
-      lines.emplace(finding.place.file, finding.place.line);
-    }
-  }
+  const Lines lines = LinesOf({&kBadReference}, findings);
   const bool everywhere = !lines.empty() && lines.begin()->first == conversionFile;
   findings.HoldBack([&](const Finding& finding) {
     return IsOneOf(finding, {&kNoConversion, &kNoWayBack, &kUnreachable, &kNoSuchConversion,
                              &kNotInEverySystem}) &&
-           (everywhere || lines.count({finding.place.file, finding.place.line}) != 0);
+           (everywhere || IsOnOneOf(lines, finding));
   });
 }
 
-// A formula that is wrong by itself disagrees with every other.
-void HoldBackWhatFormulasBreak(Findings& findings) {
-  std::set<std::pair<std::string, std::string>> wrong;
+using Pairs = std::set<std::pair<std::string, std::string>>;
+
+Pairs SubjectsOf(Rules rules, const Findings& findings) {
+  Pairs pairs;
   for (const Finding& finding : findings.All()) {
-    if (IsOneOf(finding, {&kStrayComma, &kAssignment, &kConstantExpression, &kZeroScalar,
-                          &kBadNumber, &kNumberNotFinite})) {
-      wrong.emplace(finding.subject.from, finding.subject.to);
+    if (IsOneOf(finding, rules)) {
+      pairs.emplace(finding.subject.from, finding.subject.to);
     }
   }
-  findings.HoldBack([&wrong](const Finding& finding) {
+  return pairs;
+}
+
+// A formula that is wrong by itself, or by a published value, disagrees with others.
+void HoldBackWhatFormulasBreak(Findings& findings) {
+  const Pairs broken = SubjectsOf({&kStrayComma, &kAssignment, &kConstantExpression, &kZeroScalar,
+                                   &kBadNumber, &kNumberNotFinite},
+                                  findings);
+  Pairs wrong = SubjectsOf({&kKnownValueDiffers}, findings);
+  wrong.insert(broken.begin(), broken.end());
+  findings.HoldBack([&](const Finding& finding) {
     const auto& [from, to] = finding.subject;
-    return IsOneOf(finding, {&kNotInverse, &kWaysDisagree, &kKnownValueDiffers}) &&
-           (wrong.count({from, to}) != 0 ||
-            (finding.rule == &kNotInverse && wrong.count({to, from}) != 0));
+    return (IsOneOf(finding, {&kNotInverse, &kWaysDisagree}) && wrong.count({from, to}) != 0) ||
+           (finding.rule == &kNotInverse && wrong.count({to, from}) != 0) ||
+           (finding.rule == &kKnownValueDiffers && broken.count({from, to}) != 0);
   });
 }
 
@@ -225,17 +265,16 @@ void HoldBackRepeatedIncludes(Findings& findings) {
   });
 }
 
-// A published value says more than that two conversions differ.
-void HoldBackWhatKnownValuesShow(Findings& findings) {
-  std::set<std::pair<int, int>> places;
+// Nothing uses a name that is written wrong.
+void HoldBackWhatSimilarNamesShow(Findings& findings) {
+  std::set<std::string> names;
   for (const Finding& finding : findings.All()) {
-    if (finding.rule == &kKnownValueDiffers) {
-      places.emplace(finding.place.line, finding.place.column);
+    if (finding.rule == &kSimilarUnits && !finding.follows) {
+      names.insert(finding.subject.from);
     }
   }
-  findings.HoldBack([&places](const Finding& finding) {
-    return IsOneOf(finding, {&kNotInverse, &kWaysDisagree}) &&
-           places.count({finding.place.line, finding.place.column}) != 0;
+  findings.HoldBack([&names](const Finding& finding) {
+    return finding.rule == &kUnreachable && names.count(finding.subject.from) != 0;
   });
 }
 
@@ -248,13 +287,14 @@ void HoldBack(const model::Model& model, Findings& findings) {
   }
   HoldBackWhereFilesAreLost(model, findings);
   HoldBackWhereDefinitionsAreLost(model, findings);
+  HoldBackBesideLostNames(model.conversionFile->Path(), findings);
   HoldBackWhatEncodingsBreak(findings);
   HoldBackWhatReferencesBreak(model.conversionFile->Path(), findings);
   HoldBackWhatFormulasBreak(findings);
   HoldBackRepeatedIncludes(findings);
   HoldBackRepetitions(model.definitions.conversions, findings);
   HoldBackWhatMisspellingsBreak(findings);
-  HoldBackWhatKnownValuesShow(findings);
+  HoldBackWhatSimilarNamesShow(findings);
 }
 
 }  // namespace check
