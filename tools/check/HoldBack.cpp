@@ -109,6 +109,18 @@ void HoldBackWhereDefinitionsAreLost(const model::Model& model, Findings& findin
   });
 }
 
+using Pairs = std::set<std::pair<std::string, std::string>>;
+
+Pairs SubjectsOf(Rules rules, const Findings& findings) {
+  Pairs pairs;
+  for (const Finding& finding : findings.All()) {
+    if (IsOneOf(finding, rules)) {
+      pairs.emplace(finding.subject.from, finding.subject.to);
+    }
+  }
+  return pairs;
+}
+
 using Lines = std::set<std::pair<std::string, int>>;
 
 Lines LinesOf(Rules rules, const Findings& findings) {
@@ -223,18 +235,6 @@ void HoldBackWhatReferencesBreak(const std::string& conversionFile, Findings& fi
                              &kNotInEverySystem}) &&
            (everywhere || IsOnOneOf(lines, finding));
   });
-}
-
-using Pairs = std::set<std::pair<std::string, std::string>>;
-
-Pairs SubjectsOf(Rules rules, const Findings& findings) {
-  Pairs pairs;
-  for (const Finding& finding : findings.All()) {
-    if (IsOneOf(finding, rules)) {
-      pairs.emplace(finding.subject.from, finding.subject.to);
-    }
-  }
-  return pairs;
 }
 
 // A formula that is wrong by itself, or by a published value, disagrees with others.
