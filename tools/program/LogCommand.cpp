@@ -1,0 +1,204 @@
+#include "program/LogCommand.h"
+
+#include <atomic>
+#include <filesystem>
+#include <iostream>
+#include <set>
+
+#include "log/ConvertLog.h"
+#include "program/Complaints.h"
+#include "program/Table.h"
+#include "text/Charset.h"
+#include "text/Failure.h"
+#include "text/NearestNames.h"
+#include "util/Text.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Separator(const std::string& name) {
+  if (name == "tab" || name == "\\t") {
+    return "\t";
+  }
+  const bool single = name.size() == 1 && static_cast<unsigned char>(name[0]) < 0x80;
+  if (!single || std::string("\"\r\n.+-0123456789").find(name) != std::string::npos) {
+    throw Failure("no delimiter: " + Message::Verbatim(util::Quoted(name)) +
+                  "; it is one character or tab");
+  }
+  return name;
+}
+
+logs::LogOptions Options(const LogCommandOptions& given) {
+  logs::LogOptions options;
+  if (!given.delimiter.empty()) {
+    options.dialect.separator = Separator(given.delimiter).front();
+  }
+  if (given.decimalComma || given.decimalPoint) {
+    options.dialect.decimal = given.decimalComma ? ',' : '.';
+  }
+  if (!given.encoding.empty()) {
+    options.dialect.utf8 = given.encoding == "utf-8";
+  }
+  options.dialect.preamble = given.preamble;
+  options.unitsRow = given.unitsRow;
+  options.onError = given.onError == "keep"    ? logs::OnError::kKeep
+                    : given.onError == "blank" ? logs::OnError::kBlank
+                                               : logs::OnError::kFail;
+  options.jobs = given.jobs;
+  return options;
+}
+
+Message NameOf(const std::string& file) {
+  return file == "-" ? "standard input" : Message::Verbatim(file);
+}
+
+class Logs {
+ public:
+  Logs(const LogCommandOptions& given, const Charset& terminal)
+      : given(given),
+        terminal(terminal),
+        systems(given.systems, terminal),
+        units(systems.Converter(systems.Chosen().front())),
+        conversions{units, {}, given.precision},
+        options(Options(given)),
+        complaints(terminal) {
+    for (const std::string& path : given.mapFiles) {
+      const std::vector<logs::MapEntry> entries = logs::ReadMapFile(path, units);
+      conversions.map.insert(conversions.map.end(), entries.begin(), entries.end());
+    }
+    for (const std::string& text : given.map) {
+      conversions.map.push_back(logs::ParseMapEntry(text, units));
+    }
+  }
+
+  void Take(const std::string& file) {
+    try {
+      given.list ? List(file) : Convert(file);
+    } catch (const Failure& failure) {
+      complaints.Tell("vehicle-units: " + NameOf(file) + ": " + failure.Told());
+    }
+  }
+
+  int Finish() {
+    for (const logs::MapEntry& entry : conversions.map) {
+      if (entry.mustMatch && matched.count(entry.name) == 0) {
+        complaints.Tell(
+            "vehicle-units: no column is named " +
+            Message::Verbatim(util::Quoted(entry.name) +
+                              NearestNames(entry.name, {headings.begin(), headings.end()})));
+      }
+    }
+    return complaints.Status();
+  }
+
+ private:
+  logs::Opening Open(logs::Input& input) {
+    logs::Opening opening = logs::ReadOpening(input, options, conversions, matched);
+    for (const logs::Column& column : opening.plan.columns) {
+      headings.insert(column.heading);
+    }
+    return opening;
+  }
+
+  void Convert(const std::string& file) {
+    logs::Input input(file, bytesRead);
+    const logs::Opening opening = Open(input);
+    logs::OutputFile output(OutputFor(file));
+    const logs::Outcome outcome = logs::ConvertRows(input, opening, options, output);
+    Tell(file, opening, outcome);
+    if (options.onError != logs::OnError::kFail || outcome.bad.empty()) {
+      output.Finish();
+    }
+  }
+
+  std::string OutputFor(const std::string& file) const {
+    return given.outDir.empty() ? given.output
+                                : (fs::path(given.outDir) / fs::path(file).filename()).string();
+  }
+
+  void Tell(const std::string& file, const logs::Opening& opening, const logs::Outcome& outcome) {
+    for (const logs::Bad& bad : outcome.bad) {
+      const logs::Column& column = opening.plan.columns[bad.column];
+      const std::string more =
+          bad.count == 1 ? "" : ", and " + std::to_string(bad.count - 1) + " more";
+      complaints.Tell(NameOf(file) + ":" + std::to_string(bad.line) + ": column " +
+                      std::to_string(bad.column + 1) + " (" + Message::Verbatim(column.heading) +
+                      "): not a number: " + Message::Verbatim(util::Quoted(bad.first)) + more);
+    }
+    if (outcome.openLine != 0) {
+      complaints.Tell(NameOf(file) + ":" + std::to_string(outcome.openLine) +
+                      ": the log ends inside quotes");
+    }
+  }
+
+  void List(const std::string& file) {
+    logs::Input input(file, bytesRead);
+    const Charset utf8("UTF-8");
+    Table table({Table::kRight, Table::kLeft, Table::kLeft, Table::kLeft});
+    table.AddRow({"", "heading", "becomes", "conversion"});
+    std::size_t number = 0;
+    for (const logs::Column& column : Open(input).plan.columns) {
+      const bool converted = !column.way.steps.empty();
+      table.AddRow({std::to_string(++number), utf8.ToLatin1(column.heading),
+                    utf8.ToLatin1(column.becomes),
+                    converted ? column.unit + " -> " + column.way.label : column.unit});
+    }
+    if (given.files.size() > 1) {
+      std::cout << NameOf(file).For(terminal) << ":\n";
+    }
+    table.Print(terminal);
+  }
+
+  const LogCommandOptions& given;
+  const Charset& terminal;
+  UnitSystems systems;
+  logs::Units units;
+  logs::Conversions conversions;
+  logs::LogOptions options;
+  Complaints complaints;
+  std::atomic<std::uint64_t> bytesRead{0};
+  std::set<std::string> matched;
+  std::set<std::string> headings;
+};
+
+// Throws where two logs would become one file, or one would be replaced.
+void CheckOutDir(const LogCommandOptions& options) {
+  std::set<std::string> names;
+  for (const std::string& file : options.files) {
+    const fs::path path(file);
+    if (!names.insert(path.filename().string()).second) {
+      throw Failure("two of the logs are named " + Message::Verbatim(path.filename().string()));
+    }
+    std::error_code ignored;
+    if (fs::equivalent(path, fs::path(options.outDir) / path.filename(), ignored)) {
+      throw Failure("the log in the folder " + Message::Verbatim(options.outDir) +
+                    " would be replaced: " + Message::Verbatim(file));
+    }
+  }
+  std::error_code error;
+  fs::create_directories(options.outDir, error);
+  if (error) {
+    throw Failure("cannot make the folder " + Message::Verbatim(options.outDir) + ": " +
+                  error.message());
+  }
+}
+
+}  // namespace
+
+int RunLog(const LogCommandOptions& options, const Charset& terminal) {
+  const std::vector<std::string> files =
+      options.files.empty() ? std::vector<std::string>{"-"} : options.files;
+  if (files.size() > 1 && options.outDir.empty() && !options.list) {
+    throw Failure("several logs need a folder to be written to: --out-dir");
+  }
+  Logs logs(options, terminal);
+  if (!options.outDir.empty() && !options.list) {
+    CheckOutDir(options);
+  }
+  logs::RemoveUnfinishedOnSignals();
+  for (const std::string& file : files) {
+    logs.Take(file);
+  }
+  return logs.Finish();
+}
