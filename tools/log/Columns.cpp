@@ -24,6 +24,7 @@ class Planner {
     const MapEntry* entry = Find(heading);
     Column column;
     column.heading = column.becomes = heading.Text();
+    column.name = heading.Bare();
     column.unit = UnitOf(heading, below, entry);
     if (column.unit.empty()) {
       return column;
@@ -109,6 +110,8 @@ class Planner {
   std::set<std::string>& matched;
 };
 
+constexpr std::size_t kMostColumns = 16384;
+
 std::vector<std::string> Cells(std::string_view row, const Dialect& dialect) {
   const std::vector<std::string_view> cells = CellsOf(row, dialect);
   return {cells.begin(), cells.end()};
@@ -130,6 +133,9 @@ Plan PlanColumns(std::string_view heading, std::string_view unitsRow, const Dial
                  const Conversions& conversions, std::set<std::string>& matched) {
   std::vector<std::string> cells = Cells(heading, dialect);
   std::vector<std::string> units = Cells(unitsRow, dialect);
+  if (cells.size() > kMostColumns) {
+    throw Failure("more than " + std::to_string(kMostColumns) + " columns");
+  }
   Planner planner(dialect, conversions, matched);
   Plan plan;
   for (std::size_t i = 0; i < cells.size(); ++i) {

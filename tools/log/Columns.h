@@ -15,6 +15,7 @@ namespace logs {
 /// What becomes of one column.
 struct Column {
   std::string heading;  // UTF-8
+  std::string name;     // the heading without a unit in brackets
   std::string becomes;  // the same as the converted log has it
   std::string unit;     // ISO 8859-1; empty where it has none
   Way way;

@@ -24,10 +24,10 @@ std::size_t CountLines(const std::string& text, const Dialect& dialect) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), dialect.lineEnd));
 }
 
-void CheckEncoding(std::string_view beginning) {
+void CheckEncoding(std::string_view beginning, const Message& name) {
   const std::string_view mark = beginning.substr(0, 2);
   if (mark == "\xFF\xFE" || mark == "\xFE\xFF") {
-    throw Failure("it is UTF-16; convert it into UTF-8 first, by iconv -f UTF-16 -t UTF-8");
+    throw Failure(name + " is UTF-16; convert it into UTF-8 first, by iconv -f UTF-16 -t UTF-8");
   }
 }
 
@@ -90,7 +90,7 @@ class Writer {
 Opening ReadOpening(Input& input, const LogOptions& options, const Conversions& conversions,
                     std::set<std::string>& matched) {
   const std::string_view beginning = input.Beginning();
-  CheckEncoding(beginning);
+  CheckEncoding(beginning, input.Name());
   const Found found = FindDialect(beginning, options.dialect);
   Opening opening;
   opening.dialect = found.dialect;
@@ -98,10 +98,11 @@ Opening ReadOpening(Input& input, const LogOptions& options, const Conversions& 
   const std::string heading = input.TakeRow(found.dialect);
   const std::string unitsRow = options.unitsRow ? input.TakeRow(found.dialect) : "";
   const std::size_t before = CountLines(opening.preamble, found.dialect);
+  opening.headingLine = before + 1;
   try {
     opening.plan = PlanColumns(heading, unitsRow, found.dialect, conversions, matched);
   } catch (const Failure& failure) {
-    throw Failure("line " + std::to_string(before + 1) + ", " + failure.Told());
+    throw Failure(input.Name() + ":" + std::to_string(before + 1) + ": " + failure.Told());
   }
   opening.lines = before + CountLines(heading + unitsRow, found.dialect);
   return opening;

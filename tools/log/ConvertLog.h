@@ -27,6 +27,7 @@ struct Opening {
   Dialect dialect;
   std::string preamble;  // as it stands before the heading
   Plan plan;
+  std::size_t headingLine = 1;
   std::size_t lines = 0;  // up to the first row
 };
 

@@ -20,10 +20,9 @@ struct Line {
   std::vector<std::string_view> cells;
 };
 
-bool HoldsNumber(const Line& line) {
-  return std::any_of(line.cells.begin(), line.cells.end(), [](std::string_view cell) {
-    return ReadNumber(cell, '.').has_value() || ReadNumber(cell, ',').has_value();
-  });
+bool IsTitle(std::string_view cell) {
+  return cell.find_first_not_of(" \t\r\"") != std::string_view::npos && !ReadNumber(cell, '.') &&
+         !ReadNumber(cell, ',');
 }
 
 std::vector<Line> LinesOf(std::string_view beginning, const Dialect& dialect) {
@@ -41,7 +40,10 @@ std::vector<Line> LinesOf(std::string_view beginning, const Dialect& dialect) {
   return lines;
 }
 
-bool MayBeHeading(const Line& line) { return line.cells.size() > 1 && !HoldsNumber(line); }
+bool MayBeHeading(const Line& line) {
+  const auto titles = std::count_if(line.cells.begin(), line.cells.end(), IsTitle);
+  return line.cells.size() > 1 && 2 * static_cast<std::size_t>(titles) > line.cells.size();
+}
 
 bool HasRowsAlike(const std::vector<Line>& lines, std::size_t heading) {
   const std::size_t last = std::min(lines.size(), heading + 1 + kRowsLookedAt);
@@ -51,8 +53,13 @@ bool HasRowsAlike(const std::vector<Line>& lines, std::size_t heading) {
                      });
 }
 
+constexpr int kWithRowsAlike = 0;
+constexpr int kAlone = 1;
+constexpr int kAnyLine = 2;
+
+// What may be the heading: the better, the smaller.
 struct Candidate {
-  int rank = 3;  // 0 for a heading with rows alike, 1 without, 2 for any line
+  int rank = kAnyLine + 1;
   std::size_t heading = 0;
   std::size_t cells = 0;
   char separator = ',';
@@ -68,7 +75,9 @@ struct Candidate {
 Candidate BestHeading(const std::vector<Line>& lines, char separator) {
   Candidate best;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const int rank = !MayBeHeading(lines[i]) ? 2 : HasRowsAlike(lines, i) ? 0 : 1;
+    const int rank = !MayBeHeading(lines[i])  ? kAnyLine
+                     : HasRowsAlike(lines, i) ? kWithRowsAlike
+                                              : kAlone;
     best = std::min(best, Candidate{rank, lines[i].begin, lines[i].cells.size(), separator});
   }
   return best;
@@ -130,7 +139,16 @@ Found FindDialect(std::string_view beginning, const DialectOptions& options) {
     dialect.separator = FindHeading(rest.substr(0, length), dialect, options).separator;
     found.heading = skipped;
   } else {
-    const Candidate heading = FindHeading(beginning, dialect, options);
+    Candidate heading = FindHeading(beginning, dialect, options);
+    if (heading.rank == kAnyLine) {  // or is it one of the comments?
+      Dialect plain = dialect;
+      plain.comment = '\0';
+      const Candidate commented = FindHeading(beginning, plain, options);
+      if (commented.rank < heading.rank) {
+        heading = commented;
+        dialect.comment = '\0';
+      }
+    }
     dialect.separator = heading.separator;
     found.heading = std::max(heading.heading, ByteOrderMark(beginning));
   }

@@ -39,11 +39,12 @@ struct Found {
 /// Finds the dialect of a log that begins with `beginning`, which ends behind a row or with the
 /// log.
 ///
-/// The heading is the first line that holds a separator and no number and has as many cells as each
-/// of the rows behind it; if there is none, the first with a separator and without a number; else
-/// the first. Blank lines and comments, which begin with `#`, are none. Of several separators the
-/// one with the earliest heading counts, then the one that makes most cells of it. A comma is the
-/// decimal sign where the separator is `;`, unless the rows hold numbers with points alone.
+/// /// The heading is the first line of several cells, most of them neither blank nor numbers, that
+/// has as many cells as each of the rows behind it; if there is none, the first of several such
+/// cells; else the first. Blank lines are none, nor are comments, which begin with `#`, as long as
+/// there is another. Of several separators the one with the earliest heading counts, then the one
+/// that makes most cells of it. A comma is the decimal sign where the separator is `;`, unless the
+/// rows hold numbers with points and none with commas.
 Found FindDialect(std::string_view beginning, const DialectOptions& options);
 
 /// The length of the byte order mark at the begin of `bytes`: 0 or 3.

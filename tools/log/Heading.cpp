@@ -5,6 +5,7 @@ namespace logs {
 namespace {
 
 constexpr char kBlanks[] = " \t";
+constexpr std::size_t kLongestUnit = 256;
 
 std::string Trimmed(const std::string& text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
@@ -34,7 +35,7 @@ bool Heading::Take(std::size_t first, std::size_t last,
 }
 
 void Heading::FindUnit(const std::function<bool(const std::string&)>& isUnit) {
-  if (bare.empty() || Take(0, text.size(), isUnit)) {
+  if (bare.empty() || (bare.size() < kLongestUnit && Take(0, text.size(), isUnit))) {
     return;
   }
   const std::size_t last = text.find_last_not_of(kBlanks);
@@ -42,7 +43,7 @@ void Heading::FindUnit(const std::function<bool(const std::string&)>& isUnit) {
   if (opening == '\0') {
     return;
   }
-  std::size_t at = text.find(opening);
+  std::size_t at = text.find(opening, last > kLongestUnit ? last - kLongestUnit : 0);
   while (at != std::string::npos && !Take(at + 1, last, isUnit)) {
     at = text.find(opening, at + 1);
   }

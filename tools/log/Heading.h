@@ -24,6 +24,8 @@ class Heading {
   std::string With(const std::string& unit) const;
 
   const std::string& Text() const { return text; }
+  /// What stands before its brackets; all of it where there are none.
+  const std::string& Bare() const { return bare; }
 
  private:
   void FindUnit(const std::function<bool(const std::string&)>& isUnit);

@@ -32,7 +32,7 @@ Input::Input(const std::string& path, std::atomic<std::uint64_t>& bytesRead)
       bytesRead(bytesRead),
       file(path == "-" ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (file < 0) {
-    throw Failure("cannot read " + Message::Verbatim(path) + ": " + Reason());
+    throw Failure("cannot read " + Name() + ": " + Reason());
   }
 }
 
@@ -41,6 +41,8 @@ Input::~Input() {
     close(file);
   }
 }
+
+Message Input::Name() const { return path == "-" ? "standard input" : Message::Verbatim(path); }
 
 bool Input::Read() {
   const std::size_t before = left.size();
@@ -51,8 +53,7 @@ bool Input::Read() {
   } while (count < 0 && errno == EINTR);
   left.resize(before + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
   if (count < 0) {
-    throw Failure("cannot read " + (path == "-" ? "standard input" : Message::Verbatim(path)) +
-                  ": " + Reason());
+    throw Failure("cannot read " + Name() + ": " + Reason());
   }
   bytesRead += static_cast<std::uint64_t>(count);
   atEnd = count == 0;
@@ -97,7 +98,7 @@ bool Input::NextRows(const Dialect& dialect, std::string& rows) {
       return true;
     }
     if (left.size() > kLongestRow) {
-      throw Failure("a row is longer than 8 MiB; a quote is not closed");
+      throw Failure(Name() + ": a row is longer than 8 MiB; is a quote not closed?");
     }
     if (!Read()) {
       rows.swap(left);

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "log/Dialect.h"
+#include "text/Message.h"
 
 namespace logs {
 
@@ -20,11 +21,13 @@ class Input {
   Input& operator=(const Input&) = delete;
   ~Input();
 
+  ///   /// How messages name it.
+  Message Name() const;
+
   /// The first lines of the log: all that is needed to find its dialect.
   std::string_view Beginning();
 
-  /// Takes the lines or rows at the begin of what is left: the row that begins there, for a
-  /// heading, or the next `count` bytes of the beginning.
+  /// /// Takes the next `count` bytes of the beginning, or the row behind what was taken.
   std::string TakeBytes(std::size_t count);
   std::string TakeRow(const Dialect& dialect);
 

@@ -98,7 +98,8 @@ Way Units::ToSystem(const std::string& unit, const std::string& through) const {
     for (const auto& [label, through] : shown) {
       choices.push_back(label + " (through " + util::Join(through) + ')');
     }
-    throw Failure(util::Quoted(unit) + " may become " + util::Join(choices));
+    throw Failure(util::Quoted(unit) + " may become " + util::Join(choices) +
+                  "; choose one by a map: NAME=" + ways.front());
   }
   if (ways.empty()) {
     return {unit, {}};

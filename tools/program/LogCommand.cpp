@@ -1,12 +1,15 @@
 #include "program/LogCommand.h"
 
-#include <atomic>
+#include <unistd.h>
+
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <set>
 
 #include "log/ConvertLog.h"
 #include "program/Complaints.h"
+#include "program/LogProgress.h"
 #include "program/Table.h"
 #include "text/Charset.h"
 #include "text/Failure.h"
@@ -49,8 +52,18 @@ logs::LogOptions Options(const LogCommandOptions& given) {
   return options;
 }
 
-Message NameOf(const std::string& file) {
-  return file == "-" ? "standard input" : Message::Verbatim(file);
+std::string Describe(const logs::Opening& opening) {
+  const logs::Dialect& dialect = opening.dialect;
+  const std::string separator =
+      dialect.separator == '\t' ? "tab" : util::Quoted(std::string(1, dialect.separator));
+  return "heading in line " + std::to_string(opening.headingLine) + ", separator " + separator +
+         ", decimal " + (dialect.decimal == ',' ? "comma" : "point") + ", " +
+         (dialect.utf8 ? "UTF-8" : "ISO 8859-1");
+}
+
+bool IsProgressShown(const LogCommandOptions& given) {
+  const bool toTerminal = given.output == "-" && given.outDir.empty() && isatty(STDOUT_FILENO) != 0;
+  return isatty(STDERR_FILENO) != 0 && !toTerminal && !given.list;
 }
 
 class Logs {
@@ -62,6 +75,7 @@ class Logs {
         units(systems.Converter(systems.Chosen().front())),
         conversions{units, {}, given.precision},
         options(Options(given)),
+        progress(given.files, IsProgressShown(given)),
         complaints(terminal) {
     for (const std::string& path : given.mapFiles) {
       const std::vector<logs::MapEntry> entries = logs::ReadMapFile(path, units);
@@ -76,37 +90,52 @@ class Logs {
     try {
       given.list ? List(file) : Convert(file);
     } catch (const Failure& failure) {
-      complaints.Tell("vehicle-units: " + NameOf(file) + ": " + failure.Told());
+      Complain("vehicle-units: " + failure.Told());
     }
   }
 
   int Finish() {
-    for (const logs::MapEntry& entry : conversions.map) {
-      if (entry.mustMatch && matched.count(entry.name) == 0) {
-        complaints.Tell(
-            "vehicle-units: no column is named " +
-            Message::Verbatim(util::Quoted(entry.name) +
-                              NearestNames(entry.name, {headings.begin(), headings.end()})));
-      }
+    if (const auto entry = Unmatched(); entry != conversions.map.end() && given.files.size() > 1) {
+      Complain("vehicle-units: " + NoSuchColumn(*entry));
     }
     return complaints.Status();
   }
 
  private:
+  void Complain(const Message& message) {
+    progress.Interrupt([&] { complaints.Tell(message); });
+  }
+
+  std::vector<logs::MapEntry>::const_iterator Unmatched() const {
+    return std::find_if(conversions.map.begin(), conversions.map.end(),
+                        [this](const logs::MapEntry& entry) {
+                          return entry.mustMatch && matched.count(entry.name) == 0;
+                        });
+  }
+
+  Message NoSuchColumn(const logs::MapEntry& entry) const {
+    const std::vector<std::string> known(names.begin(), names.end());
+    return "no column is named " +
+           Message::Verbatim(util::Quoted(entry.name) + NearestNames(entry.name, known));
+  }
+
   logs::Opening Open(logs::Input& input) {
     logs::Opening opening = logs::ReadOpening(input, options, conversions, matched);
     for (const logs::Column& column : opening.plan.columns) {
-      headings.insert(column.heading);
+      names.insert(column.name);
+    }
+    if (const auto entry = Unmatched(); entry != conversions.map.end() && given.files.size() < 2) {
+      throw Failure(input.Name() + ": " + NoSuchColumn(*entry));
     }
     return opening;
   }
 
   void Convert(const std::string& file) {
-    logs::Input input(file, bytesRead);
+    logs::Input input(file, progress.BytesRead());
     const logs::Opening opening = Open(input);
     logs::OutputFile output(OutputFor(file));
     const logs::Outcome outcome = logs::ConvertRows(input, opening, options, output);
-    Tell(file, opening, outcome);
+    Tell(input.Name(), opening, outcome);
     if (options.onError != logs::OnError::kFail || outcome.bad.empty()) {
       output.Finish();
     }
@@ -117,36 +146,35 @@ class Logs {
                                 : (fs::path(given.outDir) / fs::path(file).filename()).string();
   }
 
-  void Tell(const std::string& file, const logs::Opening& opening, const logs::Outcome& outcome) {
+  void Tell(const Message& file, const logs::Opening& opening, const logs::Outcome& outcome) {
     for (const logs::Bad& bad : outcome.bad) {
-      const logs::Column& column = opening.plan.columns[bad.column];
       const std::string more =
-          bad.count == 1 ? "" : ", and " + std::to_string(bad.count - 1) + " more";
-      complaints.Tell(NameOf(file) + ":" + std::to_string(bad.line) + ": column " +
-                      std::to_string(bad.column + 1) + " (" + Message::Verbatim(column.heading) +
-                      "): not a number: " + Message::Verbatim(util::Quoted(bad.first)) + more);
+          bad.count == 1 ? "" : "; " + std::to_string(bad.count) + " such cells";
+      Complain(file + ":" + std::to_string(bad.line) + ": column " +
+               std::to_string(bad.column + 1) + " (" +
+               Message::Verbatim(opening.plan.columns[bad.column].heading) +
+               "): not a number: " + Message::Verbatim(util::Quoted(bad.first)) + more);
     }
     if (outcome.openLine != 0) {
-      complaints.Tell(NameOf(file) + ":" + std::to_string(outcome.openLine) +
-                      ": the log ends inside quotes");
+      Complain(file + ":" + std::to_string(outcome.openLine) +
+               ": the log ends inside quotes; is a quote not closed?");
     }
   }
 
   void List(const std::string& file) {
-    logs::Input input(file, bytesRead);
+    logs::Input input(file, progress.BytesRead());
+    const logs::Opening opening = Open(input);
     const Charset utf8("UTF-8");
     Table table({Table::kRight, Table::kLeft, Table::kLeft, Table::kLeft});
     table.AddRow({"", "heading", "becomes", "conversion"});
     std::size_t number = 0;
-    for (const logs::Column& column : Open(input).plan.columns) {
+    for (const logs::Column& column : opening.plan.columns) {
       const bool converted = !column.way.steps.empty();
       table.AddRow({std::to_string(++number), utf8.ToLatin1(column.heading),
                     utf8.ToLatin1(column.becomes),
                     converted ? column.unit + " -> " + column.way.label : column.unit});
     }
-    if (given.files.size() > 1) {
-      std::cout << NameOf(file).For(terminal) << ":\n";
-    }
+    std::cout << (input.Name() + ": " + Describe(opening)).For(terminal) << '\n';
     table.Print(terminal);
   }
 
@@ -156,10 +184,10 @@ class Logs {
   logs::Units units;
   logs::Conversions conversions;
   logs::LogOptions options;
+  LogProgress progress;
   Complaints complaints;
-  std::atomic<std::uint64_t> bytesRead{0};
-  std::set<std::string> matched;
-  std::set<std::string> headings;
+  std::set<std::string> matched;  // names in the map
+  std::set<std::string> names;    // of columns
 };
 
 // Throws where two logs would become one file, or one would be replaced.
