@@ -15,6 +15,7 @@ namespace logs {
 namespace {
 
 constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+constexpr std::size_t kLongestTold = 80;
 constexpr std::size_t kShortestNumber = 32;
 constexpr std::size_t kFixedNumber = 512;  // 309 digits, 99 decimals
 
@@ -43,7 +44,8 @@ void BlockConverter::Convert(std::string_view rows) {
   edits.clear();
   bad.assign(plan.columns.size(), {});
   begin = rows.data();
-  open = false;
+  longRows = {};
+  openLine.reset();
   Split(rows);
   ConvertValues();
   Write(rows);
@@ -67,11 +69,25 @@ void BlockConverter::Split(std::string_view rows) {
   }
 }
 
+std::size_t BlockConverter::LineOf(const char* at) const {
+  return static_cast<std::size_t>(std::count(begin, at, dialect.lineEnd));
+}
+
+const char* BlockConverter::TakeUnconverted(const char* at, const char* end, std::size_t column) {
+  const char* const stop = EndOfCell(at, end, dialect);
+  const std::string_view cell(at, static_cast<std::size_t>(stop - at));
+  if (stop == end && IsOpen(cell)) {
+    openLine = LineOf(at);
+  }
+  if (column == valuesOf.size() && cell.find_first_not_of(" \t\r") != std::string_view::npos) {
+    longRows.line = longRows.count++ == 0 ? LineOf(at) : longRows.line;
+  }
+  return stop;
+}
+
 const char* BlockConverter::TakeCell(const char* at, const char* end, std::size_t column) {
   if (column >= valuesOf.size() || valuesOf[column] < 0) {
-    const char* const stop = EndOfCell(at, end, dialect);
-    open = open || (stop == end && logs::IsOpen({at, static_cast<std::size_t>(stop - at)}));
-    return stop;
+    return TakeUnconverted(at, end, column);
   }
   if (dialect.decimal == '.') {
     double value = 0;
@@ -88,7 +104,9 @@ const char* BlockConverter::TakeCell(const char* at, const char* end, std::size_
 const char* BlockConverter::TakeOther(const char* at, const char* end, std::size_t column) {
   const char* const stop = EndOfCell(at, end, dialect);
   const std::string_view cell(at, static_cast<std::size_t>(stop - at));
-  open = open || (stop == end && logs::IsOpen(cell));
+  if (stop == end && IsOpen(cell)) {
+    openLine = LineOf(at);
+  }
   if (const auto number = ReadNumber(cell, dialect.decimal)) {
     const bool quote = dialect.decimal == dialect.separator && *at != '"';
     const char* const first = number->place.data();
@@ -112,8 +130,8 @@ void BlockConverter::TakeBad(std::string_view cell, std::size_t column) {
   cell = {cell.data(), static_cast<std::size_t>(WithoutReturn(cell) - cell.data())};
   BadCells& found = bad[column];
   if (found.count++ == 0) {
-    found.line = static_cast<std::size_t>(std::count(begin, cell.data(), dialect.lineEnd));
-    found.first = cell;
+    found.line = LineOf(cell.data());
+    found.first = cell.substr(0, kLongestTold);
   }
   if (onError == OnError::kBlank) {
     edits.push_back({cell.data(), cell.data() + cell.size(), 0, kNone, false});

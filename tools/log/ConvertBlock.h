@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,10 +15,14 @@ namespace logs {
 /// What is done with a cell of a converted column that is no number and no text either.
 enum class OnError { kKeep, kBlank, kFail };
 
-/// Such cells of one column.
-struct BadCells {
+/// /// How often something is there, and the line of the first one.
+struct LineCount {
   std::size_t count = 0;
-  std::size_t line = 0;  // of the first one, from 0 at the begin of the block
+  std::size_t line = 0;  // from 0 at the begin of the block
+};
+
+/// Such cells of one column.
+struct BadCells : LineCount {
   std::string first;
 };
 
@@ -34,8 +39,10 @@ class BlockConverter {
   const std::vector<BadCells>& Bad() const { return bad; }
   /// The line ends among the rows.
   std::size_t Lines() const { return lines; }
-  /// Whether they end inside quotes.
-  bool IsOpen() const { return open; }
+  ///   /// The rows that have more cells than there are columns, blank ones aside.
+  const LineCount& LongRows() const { return longRows; }
+  /// Where the rows end inside quotes, the line of the cell that opens them.
+  std::optional<std::size_t> OpenLine() const { return openLine; }
 
  private:
   struct Values {
@@ -53,6 +60,8 @@ class BlockConverter {
   };
 
   void Split(std::string_view rows);
+  std::size_t LineOf(const char* at) const;
+  const char* TakeUnconverted(const char* at, const char* end, std::size_t column);
   const char* TakeCell(const char* at, const char* end, std::size_t column);
   const char* TakeOther(const char* at, const char* end, std::size_t column);
   void TakeNumber(const char* at, const char* stop, double value, std::size_t column, bool quote);
@@ -73,7 +82,8 @@ class BlockConverter {
   std::size_t size = 0;
   const char* begin = nullptr;  // of the rows
   std::size_t lines = 0;
-  bool open = false;
+  LineCount longRows;
+  std::optional<std::size_t> openLine;
 };
 
 }  // namespace logs

@@ -38,51 +38,43 @@ class Writer {
       : onError(onError), output(output), lines(opening.lines) {
     output.Write(opening.preamble);
     output.Write(opening.plan.heading);
-    for (std::size_t column = 0; column < opening.plan.columns.size(); ++column) {
-      all.push_back({column, 0, "", 0});
-    }
+    found.bad.resize(opening.plan.columns.size());
   }
 
   // Whether the log is to be gone on with.
   bool Take(const BlockConverter& block) {
-    for (std::size_t column = 0; column < all.size(); ++column) {
-      Add(block.Bad()[column], all[column]);
+    for (std::size_t column = 0; column < found.bad.size(); ++column) {
+      const BadCells& more = block.Bad()[column];
+      if (found.bad[column].count == 0) {
+        found.bad[column].first = more.first;
+      }
+      Add(more, found.bad[column]);
+      found.failed = found.failed || (more.count != 0 && onError == OnError::kFail);
     }
-    const bool failed = onError == OnError::kFail && HasBad();
-    if (!failed) {
-      output.Write(block.Converted());
-      openLine = block.IsOpen() ? lines + block.Lines() + 1 : 0;
+    if (found.failed) {
+      return false;
     }
+    Add(block.LongRows(), found.longRows);
+    found.openLine = block.OpenLine() ? lines + *block.OpenLine() + 1 : 0;
+    output.Write(block.Converted());
     lines += block.Lines();
-    return !failed;
+    return true;
   }
 
-  Outcome Result() const {
-    Outcome outcome{all, openLine};
-    const auto none = [](const Bad& bad) { return bad.count == 0; };
-    outcome.bad.erase(std::remove_if(outcome.bad.begin(), outcome.bad.end(), none),
-                      outcome.bad.end());
-    return outcome;
-  }
+  const Outcome& Found() const { return found; }
 
  private:
-  void Add(const BadCells& found, Bad& bad) const {
-    if (found.count != 0 && bad.count == 0) {
-      bad.line = lines + found.line + 1;
-      bad.first = found.first;
+  void Add(const LineCount& more, LineCount& all) const {
+    if (more.count != 0 && all.count == 0) {
+      all.line = lines + more.line + 1;
     }
-    bad.count += found.count;
-  }
-
-  bool HasBad() const {
-    return std::any_of(all.begin(), all.end(), [](const Bad& bad) { return bad.count != 0; });
+    all.count += more.count;
   }
 
   const OnError onError;
   OutputFile& output;
-  std::vector<Bad> all;
   std::size_t lines;
-  std::size_t openLine = 0;
+  Outcome found;
 };
 
 }  // namespace
@@ -117,7 +109,7 @@ Outcome ConvertRows(Input& input, const Opening& opening, const LogOptions& opti
       [&](Block& block) { return input.NextRows(opening.dialect, block.rows); },
       [](Block& block) { block.converter.Convert(block.rows); },
       [&](Block& block) { return writer.Take(block.converter); });
-  return writer.Result();
+  return writer.Found();
 }
 
 }  // namespace logs

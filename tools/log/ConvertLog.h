@@ -31,17 +31,13 @@ struct Opening {
   std::size_t lines = 0;  // up to the first row
 };
 
-/// What was found in a log that is no number.
-struct Bad {
-  std::size_t column;
-  std::size_t line;  // of the first one, from 1
-  std::string first;
-  std::size_t count;
-};
+/// /// What was found in a log; lines count from 1.
 
 struct Outcome {
-  std::vector<Bad> bad;      // by column
-  std::size_t openLine = 0;  // where the log ends inside quotes that open in this line or before
+  std::vector<BadCells> bad;  // by column
+  LineCount longRows;         // that have more cells than the heading
+  std::size_t openLine = 0;   // of the quotes inside which the log ends; 0 if it does not
+  bool failed = false;        // whether it was given up
 };
 
 /// Reads the beginning of `input`. Throws `Failure`.

@@ -136,7 +136,7 @@ class Logs {
     logs::OutputFile output(OutputFor(file));
     const logs::Outcome outcome = logs::ConvertRows(input, opening, options, output);
     Tell(input.Name(), opening, outcome);
-    if (options.onError != logs::OnError::kFail || outcome.bad.empty()) {
+    if (!outcome.failed) {
       output.Finish();
     }
   }
@@ -147,17 +147,26 @@ class Logs {
   }
 
   void Tell(const Message& file, const logs::Opening& opening, const logs::Outcome& outcome) {
-    for (const logs::Bad& bad : outcome.bad) {
-      const std::string more =
-          bad.count == 1 ? "" : "; " + std::to_string(bad.count) + " such cells";
-      Complain(file + ":" + std::to_string(bad.line) + ": column " +
-               std::to_string(bad.column + 1) + " (" +
-               Message::Verbatim(opening.plan.columns[bad.column].heading) +
-               "): not a number: " + Message::Verbatim(util::Quoted(bad.first)) + more);
+    for (std::size_t i = 0; i < outcome.bad.size(); ++i) {
+      const logs::BadCells& bad = outcome.bad[i];
+      const std::string& heading = opening.plan.columns[i].heading;
+      Tell(file, bad,
+           "column " + std::to_string(i + 1) + " (" + Message::Verbatim(heading) +
+               "): not a number: " + Message::Verbatim(util::Quoted(bad.first)),
+           "such cells");
     }
+    Tell(file, outcome.longRows, "more cells than the heading has", "such rows");
     if (outcome.openLine != 0) {
-      Complain(file + ":" + std::to_string(outcome.openLine) +
-               ": the log ends inside quotes; is a quote not closed?");
+      Tell(file, {1, outcome.openLine}, "a quote opens here that nothing closes", "");
+    }
+  }
+
+  void Tell(const Message& file, const logs::LineCount& found, const Message& what,
+            const std::string& such) {
+    if (found.count != 0) {
+      const std::string all =
+          found.count == 1 ? "" : "; " + std::to_string(found.count) + ' ' + such;
+      Complain(file + ":" + std::to_string(found.line) + ": " + what + all);
     }
   }
 
