@@ -145,7 +145,7 @@ TEST_F(Log, KeepsEveryByteButTheConvertedNumbersWhichAreTheLibrarysBits) {
   for (const char separator : {',', ';', '\t'}) {
     for (const std::string lineEnd : {"\n", "\r\n"}) {
       const Table table = RandomTable(display, separator, lineEnd, ++seed).Make(30'000);
-      ASSERT_GT(table.log.size(), std::size_t{4} * 256 * 1024);  // several blocks a job
+      ASSERT_GT(table.log.size(), std::size_t{8} * 128 * 1024);  // several blocks a job
       for (const std::size_t jobs : {1, 2, 4}) {
         EXPECT_TRUE(Convert(table.log, Options(separator), jobs) == table.converted)
             << separator << " seed " << seed << ", " << jobs << " jobs";

@@ -17,6 +17,9 @@ class Planner {
   Planner(const Dialect& dialect, const Conversions& conversions, std::set<std::string>& matched)
       : dialect(dialect), conversions(conversions), matched(matched) {}
 
+  // Notes the heading of a column, for entries of the map that name it wholly.
+  void Note(const std::string& cell) { headings.insert(Utf8(TextOf(cell))); }
+
   // Plans the column under `cell`, and gives `cell` and `unitsCell` the unit that it gets.
   Column Take(std::string& cell, std::string* unitsCell) {
     const Heading heading = Read(cell);
@@ -59,10 +62,14 @@ class Planner {
     return bytes == TextOf(cell) ? cell : CellOf(bytes, IsQuoted(cell), dialect);
   }
 
+  bool IsNamed(const Heading& heading, const std::string& name) const {
+    return headings.count(name) == 0 ? heading.Bare() == name : heading.Text() == name;
+  }
+
   const MapEntry* Find(const Heading& heading) {
     const MapEntry* found = nullptr;
     for (const MapEntry& entry : conversions.map) {
-      if (heading.IsNamed(entry.name)) {
+      if (IsNamed(heading, entry.name)) {
         matched.insert(entry.name);
         found = &entry;
       }
@@ -108,6 +115,7 @@ class Planner {
   const Dialect& dialect;
   const Conversions& conversions;
   std::set<std::string>& matched;
+  std::set<std::string> headings;
 };
 
 constexpr std::size_t kMostColumns = 16384;
@@ -137,6 +145,9 @@ Plan PlanColumns(std::string_view heading, std::string_view unitsRow, const Dial
     throw Failure("more than " + std::to_string(kMostColumns) + " columns");
   }
   Planner planner(dialect, conversions, matched);
+  for (const std::string& cell : cells) {
+    planner.Note(cell);
+  }
   Plan plan;
   for (std::size_t i = 0; i < cells.size(); ++i) {
     const std::string name = cells[i];

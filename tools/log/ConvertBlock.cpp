@@ -171,7 +171,7 @@ char* BlockConverter::WriteNumber(char* at, const Edit& edit) const {
 
 void BlockConverter::Write(std::string_view rows) {
   const char* from = rows.data();
-  char* at = Reserve(output.data(), rows.size());
+  char* at = Reserve(output.data(), rows.size() + kFixedNumber);
   for (const Edit& edit : edits) {
     if (edit.index != kNone) {
       const Values& each = values[edit.values];

@@ -52,6 +52,7 @@ class Writer {
       found.failed = found.failed || (more.count != 0 && onError == OnError::kFail);
     }
     if (found.failed) {
+      KeepFirst();
       return false;
     }
     Add(block.LongRows(), found.longRows);
@@ -64,6 +65,19 @@ class Writer {
   const Outcome& Found() const { return found; }
 
  private:
+  // Of what is no number, the first one alone: all behind it was not looked at as a whole.
+  void KeepFirst() {
+    BadCells* first = nullptr;
+    for (BadCells& each : found.bad) {
+      if (each.count != 0 && (first == nullptr || each.line < first->line)) {
+        first = &each;
+      }
+    }
+    for (BadCells& each : found.bad) {
+      each.count = &each == first ? 1 : 0;
+    }
+  }
+
   void Add(const LineCount& more, LineCount& all) const {
     if (more.count != 0 && all.count == 0) {
       all.line = lines + more.line + 1;

@@ -16,11 +16,8 @@ class Heading {
   /// The unit in UTF-8; empty where there is none.
   std::string Unit() const { return text.substr(begin, length); }
 
-  /// Whether a map names the column so: by the whole heading, or by what stands before its
-  /// brackets.
-  bool IsNamed(const std::string& name) const { return name == text || name == bare; }
-
-  /// The heading with another unit in the place of its own; behind it, in brackets, if it has none.
+  ///   /// The heading with another unit in the place of its own; behind it, in brackets, if it has
+  ///   none.
   std::string With(const std::string& unit) const;
 
   const std::string& Text() const { return text; }

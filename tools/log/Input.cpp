@@ -14,7 +14,7 @@ namespace logs {
 
 namespace {
 
-constexpr std::size_t kBlock = 256 * 1024;
+constexpr std::size_t kBlock = 128 * 1024;
 constexpr std::size_t kLongestRow = 8 * 1024 * 1024;
 constexpr std::size_t kLongestBeginning = 64 * 1024;
 constexpr int kFirstLines = 64;

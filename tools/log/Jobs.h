@@ -74,7 +74,7 @@ class Job {
 
 /// Reads items, works on them by `jobs` threads and writes them in the order in which they were
 /// read, until `read` or `write` returns false. Reading and writing are done by this thread; with
-/// one job, all is. Holds no more than two items a job, each made by `make` and used again.
+/// one job, all is. Holds two items more than jobs, each made by `make` and used again.
 template <typename Item>
 void RunInOrder(std::size_t jobs, const std::function<std::unique_ptr<Item>()>& make,
                 const std::function<bool(Item&)>& read, const std::function<void(Item&)>& work,
@@ -90,7 +90,7 @@ void RunInOrder(std::size_t jobs, const std::function<std::unique_ptr<Item>()>& 
     return;
   }
   std::deque<std::unique_ptr<Job<Item>>> idle;
-  for (std::size_t i = 0; i < 2 * jobs; ++i) {
+  for (std::size_t i = 0; i < jobs + 2; ++i) {
     idle.push_back(std::make_unique<Job<Item>>(make()));
   }
   std::deque<std::unique_ptr<Job<Item>>> busy;

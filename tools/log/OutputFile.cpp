@@ -38,12 +38,12 @@ std::string Resolved(const std::string& path) {
   return resolved;
 }
 
-mode_t ModeFor(const std::string& path) {
+// Gives `file` the permissions of the one at `path` that it is to replace, if there is one.
+void KeepMode(int file, const std::string& path) {
   struct stat present {};
   if (stat(path.c_str(), &present) == 0) {
-    return present.st_mode & 0777;
+    fchmod(file, present.st_mode & 07777);
   }
-  return 0666;
 }
 
 bool IsNoRegularFile(const std::string& path) {
@@ -78,12 +78,13 @@ void OutputFile::OpenBeside() {
   }
   std::strcpy(unfinished, name.c_str());
   isUnfinished = 1;  // before there is one: a signal may come at any time
-  file = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, ModeFor(path));
+  file = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   if (file < 0) {
     isUnfinished = 0;
     return;
   }
   beside = name;
+  KeepMode(file, path);
 }
 
 OutputFile::~OutputFile() {
