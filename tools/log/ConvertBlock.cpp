@@ -19,6 +19,27 @@ constexpr std::size_t kLongestTold = 80;
 constexpr std::size_t kShortestNumber = 32;
 constexpr std::size_t kFixedNumber = 512;  // 309 digits, 99 decimals
 
+// Reads the number that begins at `at` and returns its end; `at` where there is none.
+const char* Parse(const char* at, const char* end, double& value) {
+  const auto [stop, status] = std::from_chars(at, end, value);
+  return status == std::errc() ? stop : at;
+}
+
+// The same for a short number with a decimal comma that ends with its cell, none that needs quotes.
+const char* ParseWithComma(const char* at, const char* end, const Dialect& dialect, double& value) {
+  char copy[32];
+  std::size_t size = 0;
+  const char* stop = at;
+  for (; stop != end && *stop != dialect.separator && *stop != dialect.lineEnd; ++stop) {
+    if (size == sizeof(copy) || *stop == '.') {
+      return at;
+    }
+    copy[size++] = *stop == ',' ? '.' : *stop;
+  }
+  const bool quoted = dialect.separator == ',';
+  return !quoted && Parse(copy, copy + size, value) == copy + size ? stop : at;
+}
+
 // The end of `cell`, a carriage return behind it aside.
 const char* WithoutReturn(std::string_view cell) {
   return cell.data() + cell.size() - (!cell.empty() && cell.back() == '\r' ? 1 : 0);
@@ -89,14 +110,13 @@ const char* BlockConverter::TakeCell(const char* at, const char* end, std::size_
   if (column >= valuesOf.size() || valuesOf[column] < 0) {
     return TakeUnconverted(at, end, column);
   }
-  if (dialect.decimal == '.') {
-    double value = 0;
-    const auto [stop, status] = std::from_chars(at, end, value);
-    const bool whole = stop == end || *stop == dialect.separator || *stop == dialect.lineEnd;
-    if (whole && status == std::errc() && std::isfinite(value)) {
-      TakeNumber(at, stop, value, column, false);
-      return stop;
-    }
+  double value = 0;
+  const char* const stop =
+      dialect.decimal == '.' ? Parse(at, end, value) : ParseWithComma(at, end, dialect, value);
+  const bool whole = stop == end || *stop == dialect.separator || *stop == dialect.lineEnd;
+  if (whole && stop != at && std::isfinite(value)) {
+    TakeNumber(at, stop, value, column, false);
+    return stop;
   }
   return TakeOther(at, end, column);
 }

@@ -11,12 +11,13 @@ namespace fs = std::filesystem;
 
 constexpr double kMegabyte = 1e6;
 
-// 0 where one of them is no regular file.
+// 0 where one of them has no size: standard input, a pipe.
 std::uint64_t SizeOf(const std::vector<std::string>& files) {
   std::uint64_t total = 0;
   for (const std::string& file : files) {
     std::error_code error;
-    if (!fs::is_regular_file(file, error)) {
+    const fs::file_status status = fs::status(file, error);
+    if (file == "-" || fs::is_fifo(status)) {
       return 0;
     }
     const std::uint64_t size = fs::file_size(file, error);
