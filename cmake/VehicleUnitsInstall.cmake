@@ -60,6 +60,7 @@ function(vehicle_units_install)
         "${PROJECT_SOURCE_DIR}/docs/check-rules.md"
         "${PROJECT_SOURCE_DIR}/docs/conversions.svg"
         "${PROJECT_SOURCE_DIR}/docs/data-files.md"
+        "${PROJECT_SOURCE_DIR}/docs/logs.md"
       DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/vehicle-units" COMPONENT tools)
     install(TARGETS vehicle-units-program RUNTIME COMPONENT tools)
     configure_file("${PROJECT_SOURCE_DIR}/docs/vehicle-units.1.in" vehicle-units.1 @ONLY)

@@ -53,6 +53,9 @@ _vehicle_units_options() {
   case $command in
     help) options=(--help) ;;
     convert) options+=(--float) ;;
+    log)
+      options+=(--name --system --output --out-dir --list --map --map-file --delimiter --decimal-comma
+        --decimal-point --units-row --preamble --encoding --precision --on-error --jobs) ;;
     show | monitors) options+=(--name --system) ;;
     check) options+=(--name --samples --format --strict --all --allow --explain) ;;
   esac
@@ -68,13 +71,13 @@ _vehicle_units_argument() {
       _vehicle_units_offer = < <(_vehicle_units_names) ;;
     help:0) _vehicle_units_words "${commands[@]}" ;;
     check:0) _vehicle_units_folders ;;
-    monitors:0) _vehicle_units_files ;;
+    log:* | monitors:0) _vehicle_units_files ;;
   esac
 }
 
 _vehicle_units() {
   local program=${COMP_WORDS[0]} current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}
-  local commands=(convert units show monitors check graph help)
+  local commands=(convert log units show monitors check graph help)
   local command= arguments=() data=() i
   COMPREPLY=()
   for ((i = 1; i < COMP_CWORD; i++)); do
@@ -82,7 +85,9 @@ _vehicle_units() {
       --data)
         ((++i))
         data=(--data "$(_vehicle_units_plain "${COMP_WORDS[i]}")") ;;
-      --name | --samples | --system | --format | --explain) ((++i)) ;;
+      --name | --samples | --system | --format | --explain | --output | -o | --out-dir | --map \
+        | --map-file | --delimiter | --preamble | --encoding | --precision | --on-error | --jobs)
+        ((++i)) ;;
       -*) ;;
       *)
         if [ -z "$command" ]; then
@@ -93,11 +98,13 @@ _vehicle_units() {
     esac
   done
   case $previous in
-    --data) _vehicle_units_folders ;;
-    --samples) _vehicle_units_files ;;
+    --data | --out-dir) _vehicle_units_folders ;;
+    --samples | --output | -o | --map-file) _vehicle_units_files ;;
     --system) _vehicle_units_words std std_uk metric greek all ;;
     --format) _vehicle_units_words text json sarif ;;
-    --name | --explain) ;;
+    --encoding) _vehicle_units_words utf-8 iso-8859-1 ;;
+    --on-error) _vehicle_units_words keep blank fail ;;
+    --name | --explain | --map | --delimiter | --preamble | --precision | --jobs) ;;
     *)
       if [[ $current == -* ]]; then
         [ -n "$command" ] || _vehicle_units_words --help --version

@@ -5,12 +5,14 @@
 #include <cstdlib>
 #include <functional>
 #include <iostream>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "program/CheckCommand.h"
 #include "program/ConvertCommand.h"
 #include "program/GraphCommand.h"
+#include "program/LogCommand.h"
 #include "program/MonitorsCommand.h"
 #include "program/ShowCommand.h"
 #include "program/UnitsCommand.h"
@@ -102,12 +104,13 @@ CLI::Option* AddData(CLI::App& command, DataFolder& data) {
   return command.add_option("--data", data.named, "Folder of the data files")->type_name("DIR");
 }
 
-void AddUnitSystems(CLI::App& command, UnitSystemOptions& options) {
+CLI::Option* AddUnitSystems(CLI::App& command, UnitSystemOptions& options,
+                            const std::set<std::string>& systems = UnitSystems::Names()) {
   AddData(command, options.data);
   command.add_option("--name", options.name, "Base name of the association files")
       ->type_name("VEHICLE");
-  command.add_option("--system", options.system, "Unit system to show")
-      ->check(CLI::IsMember(UnitSystems::Names()));
+  return command.add_option("--system", options.system, "Unit system to show")
+      ->check(CLI::IsMember(systems));
 }
 
 // The parser with all commands: parsing chooses what to run.
@@ -117,6 +120,7 @@ class CommandLine {
     app.set_version_flag("--version", "vehicle-units " VEHICLE_UNITS_VERSION);
     app.require_subcommand(1);
     AddConvert();
+    AddLog();
     AddMonitors();
     AddShow();
     AddUnits();
@@ -159,6 +163,63 @@ class CommandLine {
       convert.values = ValuesAmong(command.remaining(), command);
       chosen = [this] { return RunConvert(convert, terminal); };
     });
+  }
+
+  void AddLog() {
+    CLI::App& command =
+        Add("log", "Convert recorded logs (CSV)", [this] { return RunLog(log, terminal); });
+    log.systems.system = "std";
+    std::set<std::string> systems = UnitSystems::Names();
+    systems.erase("all");
+    AddUnitSystems(command, log.systems, systems)->capture_default_str();
+    command.add_option("FILE", log.files, "Logs; standard input if none are given");
+    CLI::Option* output = command.add_option("-o,--output", log.output, "File to write")
+                              ->type_name("OUT")
+                              ->excludes(AddOutDir(command));
+    command.add_flag("--list", log.list, "List what would become of the columns, convert nothing")
+        ->excludes(output);
+    AddMap(command);
+    AddDialect(command);
+    command.add_option("--precision", log.precision, "Decimals of converted values")
+        ->type_name("N")
+        ->check(CLI::Range(0, 99));
+    command.add_option("--on-error", log.onError, "What to do with a cell that is no number")
+        ->check(CLI::IsMember({"keep", "blank", "fail"}))
+        ->capture_default_str();
+    command.add_option("--jobs", log.jobs, "Threads that convert")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256))
+        ->capture_default_str();
+  }
+
+  CLI::Option* AddOutDir(CLI::App& command) {
+    return command
+        .add_option("--out-dir", log.outDir, "Folder to write each log to, under its own name")
+        ->type_name("DIR");
+  }
+
+  void AddMap(CLI::App& command) {
+    command
+        .add_option("--map", log.map,
+                    "NAME=UNIT[:TARGET][:DECIMALS]: the unit of a column, and the one to convert "
+                    "it into")
+        ->type_name("ENTRY")
+        ->allow_extra_args(false);
+    command.add_option("--map-file", log.mapFiles, "File of such entries, one a line")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+  }
+
+  void AddDialect(CLI::App& command) {
+    command.add_option("--delimiter", log.delimiter, "Character between cells, or tab")
+        ->type_name("CHAR");
+    CLI::Option* comma = command.add_flag("--decimal-comma", log.decimalComma,
+                                          "The decimal sign of the log is the comma");
+    command.add_flag("--decimal-point", log.decimalPoint, "It is the point")->excludes(comma);
+    command.add_flag("--units-row", log.unitsRow, "The line behind the heading holds the units");
+    command.add_option("--preamble", log.preamble, "Lines before the heading")->type_name("N");
+    command.add_option("--encoding", log.encoding, "Character set of the log")
+        ->check(CLI::IsMember({"utf-8", "iso-8859-1"}));
   }
 
   void AddMonitors() {
@@ -243,6 +304,7 @@ class CommandLine {
   CLI::App app{"Converts vehicle and engine values between units"};
   std::function<int()> chosen;
   ConvertOptions convert;
+  LogCommandOptions log;
   MonitorsOptions monitors;
   ShowOptions show;
   UnitsOptions units;

@@ -87,6 +87,11 @@ void UnitSystems::LoadAssociations(const std::string& folder, const std::string&
   }
 }
 
+const Converter& UnitSystems::Converter(const System& system) {
+  converter.SetUnitType(system.type);
+  return converter;
+}
+
 Converter::Display UnitSystems::Find(const System& system, const std::string& unit) {
   converter.SetUnitType(system.type);
   Converter::Display display = converter.FindDisplay(unit);

@@ -34,6 +34,9 @@ class UnitSystems {
 
   const std::vector<System>& Chosen() const { return chosen; }
 
+  /// The converter, in `system`.
+  const units::DataUnitToDisplayUnitConverter& Converter(const System& system);
+
   /// How `unit` is shown in `system`. Throws `Failure` where it has a display unit there into which
   /// it does not convert.
   units::DataUnitToDisplayUnitConverter::Display Find(const System& system,
