@@ -52,7 +52,7 @@ _vehicle_units_options() {
   local options=(--help --data)
   case $command in
     help) options=(--help) ;;
-    convert) options+=(--float) ;;
+    convert) options+=(--float --bare --precision --keep-going) ;;
     show | monitors) options+=(--name --system) ;;
     check) options+=(--name --samples --format --strict --all --allow --explain) ;;
   esac
@@ -82,7 +82,7 @@ _vehicle_units() {
       --data)
         ((++i))
         data=(--data "$(_vehicle_units_plain "${COMP_WORDS[i]}")") ;;
-      --name | --samples | --system | --format | --explain) ((++i)) ;;
+      --name | --samples | --system | --format | --explain | --precision) ((++i)) ;;
       -*) ;;
       *)
         if [ -z "$command" ]; then
@@ -97,7 +97,7 @@ _vehicle_units() {
     --samples) _vehicle_units_files ;;
     --system) _vehicle_units_words std std_uk metric greek all ;;
     --format) _vehicle_units_words text json sarif ;;
-    --name | --explain) ;;
+    --name | --explain | --precision) ;;
     *)
       if [[ $current == -* ]]; then
         [ -n "$command" ] || _vehicle_units_words --help --version
