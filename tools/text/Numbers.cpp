@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 
 namespace {
 
@@ -16,7 +17,7 @@ void Append(Number number, std::optional<int> decimals, std::string& text) {
   const auto result = decimals
                           ? std::to_chars(digits, end, number, std::chars_format::fixed, *decimals)
                           : std::to_chars(digits, end, number);
-  text.append(digits, result.ptr);
+  text.append(digits, static_cast<std::size_t>(result.ptr - digits));
 }
 
 template <typename Number>
