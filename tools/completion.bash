@@ -52,7 +52,7 @@ _vehicle_units_options() {
   local options=(--help --data)
   case $command in
     help) options=(--help) ;;
-    convert) options+=(--float) ;;
+    convert) options+=(--float --bare --precision --keep-going) ;;
     log)
       options+=(--name --system --output --out-dir --list --map --map-file --delimiter --decimal-comma
         --decimal-point --units-row --preamble --encoding --precision --on-error --jobs) ;;
@@ -85,7 +85,7 @@ _vehicle_units() {
       --data)
         ((++i))
         data=(--data "$(_vehicle_units_plain "${COMP_WORDS[i]}")") ;;
-      --name | --samples | --system | --format | --explain | --output | -o | --out-dir | --map \
+      --name | --samples | --system | --format | --allow | --explain | --output | -o | --out-dir | --map \
         | --map-file | --delimiter | --preamble | --encoding | --precision | --on-error | --jobs)
         ((++i)) ;;
       -*) ;;
@@ -104,7 +104,7 @@ _vehicle_units() {
     --format) _vehicle_units_words text json sarif ;;
     --encoding) _vehicle_units_words utf-8 iso-8859-1 ;;
     --on-error) _vehicle_units_words keep blank fail ;;
-    --name | --explain | --map | --delimiter | --preamble | --precision | --jobs) ;;
+    --name | --allow | --explain | --map | --delimiter | --preamble | --precision | --jobs) ;;
     *)
       if [[ $current == -* ]]; then
         [ -n "$command" ] || _vehicle_units_words --help --version

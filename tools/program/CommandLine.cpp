@@ -153,6 +153,12 @@ class CommandLine {
     CLI::App& command = *app.add_subcommand("convert", "Convert values from one unit into another");
     AddData(command, convert.data);
     command.add_flag("--float", convert.single, "Convert in single precision");
+    command.add_flag("--bare", convert.bare, "Print the numbers without their unit");
+    command
+        .add_option("--precision", convert.precision, "Decimals, 0 to 17; as needed if not given")
+        ->type_name("N")
+        ->check(CLI::Range(0, 17).description(""));
+    command.add_flag("--keep-going", convert.keepGoing, "Go on where a value is no number");
     command.add_option("FROM", convert.from, "Unit of the values")->required();
     command.add_option("TO", convert.to, "Unit to convert them into")->required();
     command.add_option("VALUE", convert.values, "Values; from standard input if none are given")

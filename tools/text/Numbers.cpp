@@ -1,38 +1,76 @@
 #include "text/Numbers.h"
 
+#include <strings.h>
+
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 
 namespace {
 
+constexpr std::size_t kLongestNumber = 336;  // -1.8e308 with 17 decimals
+
+template <typename Number>
+void Append(Number number, std::optional<int> decimals, std::string& text) {
+  char digits[kLongestNumber];
+  char* const end = digits + sizeof(digits);
+  const auto result = decimals
+                          ? std::to_chars(digits, end, number, std::chars_format::fixed, *decimals)
+                          : std::to_chars(digits, end, number);
+  text.append(digits, static_cast<std::size_t>(result.ptr - digits));
+}
+
 template <typename Number>
 std::string Format(Number number) {
-  char text[32];
-  const auto end = std::to_chars(text, text + sizeof(text), number).ptr;
-  return std::string(text, end);
+  std::string text;
+  Append(number, std::nullopt, text);
+  return text;
+}
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+std::string_view WithoutBlanks(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) {
+    text.remove_prefix(1);
+  }
+  while (!text.empty() && IsBlank(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
 }
 
 }  // namespace
 
-std::optional<double> ParseNumber(const std::string& text) {
-  constexpr char kBlanks[] = " \t\r\n";
-  const auto first = text.find_first_not_of(kBlanks);
-  if (first == std::string::npos) {
-    return std::nullopt;
-  }
-  const char* begin = text.data() + first;
-  const char* end = text.data() + text.find_last_not_of(kBlanks) + 1;
-  if (*begin == '+' && begin + 1 != end && begin[1] != '-') {
-    ++begin;
+std::optional<double> ParseNumber(std::string_view text) {
+  text = WithoutBlanks(text);
+  if (text.size() > 1 && text.front() == '+' && text[1] != '-') {
+    text.remove_prefix(1);
   }
   double number = 0;
-  const auto [stop, status] = std::from_chars(begin, end, number);
+  const char* const end = text.data() + text.size();
+  const auto [stop, status] = std::from_chars(text.data(), end, number);
   if (status != std::errc() || stop != end || !std::isfinite(number)) {
     return std::nullopt;
   }
   return number;
 }
 
+bool IsNoValue(std::string_view text) {
+  text = WithoutBlanks(text);
+  if (text.size() == 4 && (text.front() == '+' || text.front() == '-')) {
+    text.remove_prefix(1);
+  }
+  return text.empty() || (text.size() == 3 && strncasecmp(text.data(), "nan", 3) == 0);
+}
+
 std::string FormatNumber(double number) { return Format(number); }
 
 std::string FormatNumber(float number) { return Format(number); }
+
+void AppendNumber(double number, std::optional<int> decimals, std::string& text) {
+  Append(number, decimals, text);
+}
+
+void AppendNumber(float number, std::optional<int> decimals, std::string& text) {
+  Append(number, decimals, text);
+}
