@@ -156,6 +156,7 @@ def main(program, numbers_only, folder):
     compare_convert(program, folder)
     compare_log(program, numbers_only, folder)
     measure_memory(program, folder)
+    print(f"\nthe machine's load at the end: {os.getloadavg()[0]:.1f} of {os.cpu_count()} processors")
 
 
 main(*sys.argv[1:])
