@@ -28,11 +28,19 @@ class Planner {
     Column column;
     column.heading = column.becomes = heading.Text();
     column.name = heading.Bare();
-    column.unit = UnitOf(heading, below, entry);
-    if (column.unit.empty()) {
+    try {
+      column.unit = UnitOf(heading, below, entry);
+      column.way = column.unit.empty() ? Way() : FindWay(column.unit, heading, below, entry);
+    } catch (const Failure& failure) {
+      column.problem = failure.Told();
+    }
+    if (column.problem) {
       return column;
     }
-    column.way = FindWay(column.unit, heading, below, entry);
+    if (column.unit.empty()) {
+      column.meant = Meant(heading);
+      return column;
+    }
     column.decimals = entry != nullptr && entry->decimals ? entry->decimals : conversions.decimals;
     const std::string label = Utf8OfLatin1(column.way.label);
     if (unitsCell != nullptr && heading.Unit().empty()) {
@@ -77,8 +85,14 @@ class Planner {
     return found;
   }
 
+  std::string Meant(const Heading& heading) const {
+    const std::string& text = heading.InBrackets();
+    const bool telling = text.size() > 2 && heading.Unit().empty();
+    return telling ? conversions.units.MisspellingOf(text) : "";
+  }
+
   static std::string Named(const Heading& heading, const Heading& below) {
-    const std::string& named = below.Unit().empty() ? heading.Unit() : below.Unit();
+    const std::string named = below.Unit().empty() ? heading.Unit() : below.Unit();
     return named.empty() ? named : *Latin1OfUtf8(named);
   }
 
@@ -150,14 +164,8 @@ Plan PlanColumns(std::string_view heading, std::string_view unitsRow, const Dial
   }
   Plan plan;
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    const std::string name = cells[i];
-    try {
-      const bool below = !unitsRow.empty() && i < units.size();
-      plan.columns.push_back(planner.Take(cells[i], below ? &units[i] : nullptr));
-    } catch (const Failure& failure) {
-      throw Failure("column " + std::to_string(i + 1) + " (" + Message::Verbatim(name) +
-                    "): " + failure.Told());
-    }
+    const bool below = !unitsRow.empty() && i < units.size();
+    plan.columns.push_back(planner.Take(cells[i], below ? &units[i] : nullptr));
   }
   plan.heading = Joined(cells, heading, dialect);
   if (!unitsRow.empty()) {

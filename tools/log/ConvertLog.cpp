@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "log/Jobs.h"
+#include "log/Rows.h"
 #include "text/Failure.h"
 
 namespace logs {
@@ -105,11 +106,12 @@ Opening ReadOpening(Input& input, const LogOptions& options, const Conversions& 
   const std::string unitsRow = options.unitsRow ? input.TakeRow(found.dialect) : "";
   const std::size_t before = CountLines(opening.preamble, found.dialect);
   opening.headingLine = before + 1;
-  try {
-    opening.plan = PlanColumns(heading, unitsRow, found.dialect, conversions, matched);
-  } catch (const Failure& failure) {
-    throw Failure(input.Name() + ":" + std::to_string(before + 1) + ": " + failure.Told());
+  const std::vector<std::string_view> cells = CellsOf(heading, found.dialect);
+  if (IsOpen(cells.back())) {
+    throw Failure(input.Name() + ":" + std::to_string(before + 1) +
+                  ": a quote opens in the heading that nothing closes");
   }
+  opening.plan = PlanColumns(heading, unitsRow, found.dialect, conversions, matched);
   opening.lines = before + CountLines(heading + unitsRow, found.dialect);
   return opening;
 }

@@ -14,9 +14,9 @@ namespace logs {
 
 namespace {
 
-constexpr std::size_t kBlock = 128 * 1024;
-constexpr std::size_t kLongestRow = 8 * 1024 * 1024;
-constexpr std::size_t kLongestBeginning = 64 * 1024;
+constexpr std::size_t kBlock = std::size_t{128} * 1024;
+constexpr std::size_t kLongestRow = std::size_t{8} * 1024 * 1024;
+constexpr std::size_t kLongestBeginning = std::size_t{64} * 1024;
 constexpr int kFirstLines = 64;
 
 std::string Reason() { return std::strerror(errno); }
@@ -68,13 +68,22 @@ std::string_view Input::Beginning() {
   for (int line = 0; line < kFirstLines && length < left.size(); ++line) {
     length = std::min(left.find('\n', length), left.size() - 1) + 1;
   }
-  return beginning.substr(0, std::min(length, kLongestBeginning));
+  beginning = beginning.substr(0, std::min(length, kLongestBeginning));
+  const std::size_t last = beginning.rfind('\n');
+  return length > beginning.size() && last != std::string_view::npos ? beginning.substr(0, last + 1)
+                                                                     : beginning;
 }
 
 std::string Input::TakeBytes(std::size_t count) {
   std::string taken = left.substr(0, count);
   left.erase(0, count);
   return taken;
+}
+
+void Input::CheckRow() const {
+  if (left.size() > kLongestRow) {
+    throw Failure(Name() + ": a row is longer than 8 MiB; is a quote not closed?");
+  }
 }
 
 std::string Input::TakeRow(const Dialect& dialect) {
@@ -84,7 +93,8 @@ std::string Input::TakeRow(const Dialect& dialect) {
     if (stop != nullptr) {
       return TakeBytes(static_cast<std::size_t>(stop - begin));
     }
-    if (left.size() > kLongestRow || !Read()) {
+    CheckRow();
+    if (!Read()) {
       return TakeBytes(left.size());
     }
   }
@@ -97,9 +107,7 @@ bool Input::NextRows(const Dialect& dialect, std::string& rows) {
       left.erase(0, whole);
       return true;
     }
-    if (left.size() > kLongestRow) {
-      throw Failure(Name() + ": a row is longer than 8 MiB; is a quote not closed?");
-    }
+    CheckRow();
     if (!Read()) {
       rows.swap(left);
       left.clear();

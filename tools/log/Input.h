@@ -37,6 +37,7 @@ class Input {
 
  private:
   bool Read();
+  void CheckRow() const;
 
   std::string path;
   std::atomic<std::uint64_t>& bytesRead;
