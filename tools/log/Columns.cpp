@@ -92,7 +92,7 @@ class Planner {
   }
 
   static std::string Named(const Heading& heading, const Heading& below) {
-    const std::string named = below.Unit().empty() ? heading.Unit() : below.Unit();
+    std::string named = below.Unit().empty() ? heading.Unit() : below.Unit();
     return named.empty() ? named : *Latin1OfUtf8(named);
   }
 
@@ -132,8 +132,6 @@ class Planner {
   std::set<std::string> headings;
 };
 
-constexpr std::size_t kMostColumns = 16384;
-
 std::vector<std::string> Cells(std::string_view row, const Dialect& dialect) {
   const std::vector<std::string_view> cells = CellsOf(row, dialect);
   return {cells.begin(), cells.end()};
@@ -155,9 +153,6 @@ Plan PlanColumns(std::string_view heading, std::string_view unitsRow, const Dial
                  const Conversions& conversions, std::set<std::string>& matched) {
   std::vector<std::string> cells = Cells(heading, dialect);
   std::vector<std::string> units = Cells(unitsRow, dialect);
-  if (cells.size() > kMostColumns) {
-    throw Failure("more than " + std::to_string(kMostColumns) + " columns");
-  }
   Planner planner(dialect, conversions, matched);
   for (const std::string& cell : cells) {
     planner.Note(cell);

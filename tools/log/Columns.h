@@ -40,7 +40,7 @@ struct Conversions {
 
 /// Plans the log with the heading `heading` and the row of units `unitsRow`, each with its line
 /// end; it is empty if there is none. Adds the names of those entries of the map that match to
-/// `matched`. /// Throws `Failure` for too many columns.
+/// `matched`.
 Plan PlanColumns(std::string_view heading, std::string_view unitsRow, const Dialect& dialect,
                  const Conversions& conversions, std::set<std::string>& matched);
 

@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kBlock = std::size_t{128} * 1024;
 constexpr std::size_t kLongestRow = std::size_t{8} * 1024 * 1024;
 constexpr std::size_t kLongestBeginning = std::size_t{64} * 1024;
-constexpr int kFirstLines = 64;
+constexpr std::ptrdiff_t kFirstLines = 64;
 
 std::string Reason() { return std::strerror(errno); }
 
@@ -60,18 +60,19 @@ bool Input::Read() {
   return !atEnd;
 }
 
-std::string_view Input::Beginning() {
-  while (left.size() < kLongestBeginning && !HoldsLines(left, kFirstLines) && Read()) {
+std::string_view Input::Beginning(std::size_t preamble) {
+  const auto lines = static_cast<std::ptrdiff_t>(preamble) + kFirstLines;
+  const std::size_t most = preamble == 0 ? kLongestBeginning : kLongestRow;
+  while (left.size() < most && !HoldsLines(left, lines) && Read()) {
   }
-  std::string_view beginning = left;
   std::size_t length = 0;
-  for (int line = 0; line < kFirstLines && length < left.size(); ++line) {
+  for (std::ptrdiff_t line = 0; line < lines && length < left.size(); ++line) {
     length = std::min(left.find('\n', length), left.size() - 1) + 1;
   }
-  beginning = beginning.substr(0, std::min(length, kLongestBeginning));
+  const std::string_view beginning = std::string_view(left).substr(0, std::min(length, most));
   const std::size_t last = beginning.rfind('\n');
-  return length > beginning.size() && last != std::string_view::npos ? beginning.substr(0, last + 1)
-                                                                     : beginning;
+  const bool isCut = length > beginning.size() && last != std::string_view::npos;
+  return isCut ? beginning.substr(0, last + 1) : beginning;
 }
 
 std::string Input::TakeBytes(std::size_t count) {

@@ -24,8 +24,10 @@ class Input {
   ///   /// How messages name it.
   Message Name() const;
 
-  /// The first lines of the log: all that is needed to find its dialect.
-  std::string_view Beginning();
+  ///   /// The first lines of the log behind so many of a preamble, with them: all that is needed
+  ///   to find
+  /// its dialect.
+  std::string_view Beginning(std::size_t preamble);
 
   /// /// Takes the next `count` bytes of the beginning, or the row behind what was taken.
   std::string TakeBytes(std::size_t count);

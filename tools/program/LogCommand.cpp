@@ -225,6 +225,9 @@ class Logs {
 
 // Throws where two logs would become one file, or one would be replaced.
 void CheckOutDir(const LogCommandOptions& options) {
+  if (options.files.empty() || std::count(options.files.begin(), options.files.end(), "-") != 0) {
+    throw Failure("standard input has no name to be written under: -o");
+  }
   std::set<std::string> names;
   for (const std::string& file : options.files) {
     const fs::path path(file);
