@@ -1,12 +1,9 @@
 #include "log/Columns.h"
 
-#include <algorithm>
-
 #include "log/Encoding.h"
 #include "log/Heading.h"
 #include "log/Rows.h"
 #include "text/Failure.h"
-#include "util/Text.h"
 
 namespace logs {
 

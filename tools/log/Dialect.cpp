@@ -1,7 +1,6 @@
 #include "log/Dialect.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string>
 #include <vector>
 

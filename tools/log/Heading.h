@@ -16,8 +16,8 @@ class Heading {
   /// The unit in UTF-8; empty where there is none.
   std::string Unit() const { return text.substr(begin, length); }
 
-  ///   /// The heading with another unit in the place of its own; behind it, in brackets, if it has
-  ///   none.
+  /// The heading with another unit in the place of its own; behind it, in brackets, if it
+  /// has none.
   std::string With(const std::string& unit) const;
 
   const std::string& Text() const { return text; }

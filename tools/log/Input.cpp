@@ -45,6 +45,9 @@ Input::~Input() {
 Message Input::Name() const { return path == "-" ? "standard input" : Message::Verbatim(path); }
 
 bool Input::Read() {
+  if (atEnd) {
+    return false;
+  }
   const std::size_t before = left.size();
   left.resize(before + kBlock);
   ssize_t count = 0;

@@ -21,15 +21,14 @@ class Input {
   Input& operator=(const Input&) = delete;
   ~Input();
 
-  ///   /// How messages name it.
+  /// How messages name it.
   Message Name() const;
 
-  ///   /// The first lines of the log behind so many of a preamble, with them: all that is needed
-  ///   to find
+  /// The first lines of the log behind so many of a preamble, with them: all that is needed to find
   /// its dialect.
   std::string_view Beginning(std::size_t preamble);
 
-  /// /// Takes the next `count` bytes of the beginning, or the row behind what was taken.
+  /// Takes the next `count` bytes of the beginning, or the row behind what was taken.
   std::string TakeBytes(std::size_t count);
   std::string TakeRow(const Dialect& dialect);
 
