@@ -101,7 +101,7 @@ class Planner {
   }
 
   std::string UnitOf(const Heading& heading, const Heading& below, const MapEntry* entry) const {
-    const std::string named = Named(heading, below);
+    std::string named = Named(heading, below);
     if (entry == nullptr) {
       return named;
     }

@@ -118,10 +118,13 @@ const char* BlockConverter::TakeCell(const char* at, const char* end, std::size_
   double value = 0;
   const char* const stop =
       dialect.decimal == '.' ? Parse(at, end, value) : ParseWithComma(at, end, dialect, value);
-  const bool whole = stop == end || *stop == dialect.separator || *stop == dialect.lineEnd;
+  const bool hasReturn = stop != end && *stop == '\r' && dialect.lineEnd != '\r';
+  const char* const behind = stop + (hasReturn ? 1 : 0);
+  const bool whole = behind == end || *behind == dialect.lineEnd ||
+                     (behind == stop && *behind == dialect.separator);
   if (whole && stop != at && std::isfinite(value)) {
     TakeNumber(at, stop, value, column, false);
-    return stop;
+    return behind;
   }
   return TakeOther(at, end, column);
 }

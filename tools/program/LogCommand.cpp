@@ -79,7 +79,7 @@ class Logs {
       : given(given),
         terminal(terminal),
         systems(given.systems, terminal),
-        units(systems.Converter(systems.Chosen().front())),
+        units(systems.In(systems.Chosen().front())),
         conversions{units, {}, given.precision},
         options(Options(given)),
         progress(given.files, IsProgressShown(given)),
