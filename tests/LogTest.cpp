@@ -27,13 +27,7 @@ class RandomTable {
 
   Table Make(int rows) {
     AddRow({"Note", "A [TEMP_CEL]", "\"B, or (EFFICIENCY_KML)\"", "TEMP_FAH", "\"a [b]\""},
-           {"Note",
-            "A [\xC2\xB0"
-            "F]",
-            "\"B, or (mpg (US))\"",
-            "\xC2\xB0"
-            "F",
-            "\"a [b]\""});
+           {"Note", "A [\u00B0F]", "\"B, or (mpg (US))\"", "\u00B0F", "\"a [b]\""});
     for (int row = 0; row < rows; ++row) {
       const Cell cells[] = {Text(), Number("TEMP_CEL"), Number("EFFICIENCY_KML"),
                             Number("TEMP_FAH"), Text()};
@@ -146,7 +140,7 @@ TEST_F(Log, KeepsEveryByteButTheConvertedNumbersWhichAreTheLibrarysBits) {
     for (const std::string lineEnd : {"\n", "\r\n"}) {
       const Table table = RandomTable(display, separator, lineEnd, ++seed).Make(30'000);
       ASSERT_GT(table.log.size(), std::size_t{8} * 128 * 1024);  // several blocks a job
-      for (const std::size_t jobs : {1, 2, 4}) {
+      for (const std::size_t jobs : {1U, 2U, 4U}) {
         EXPECT_TRUE(Convert(table.log, Options(separator), jobs) == table.converted)
             << separator << " seed " << seed << ", " << jobs << " jobs";
       }

@@ -1,7 +1,6 @@
 #include "log/ColumnMap.h"
 
 #include <algorithm>
-#include <cctype>
 #include <fstream>
 
 #include "log/Dialect.h"

@@ -8,7 +8,7 @@
 
 namespace logs {
 
-/// /// What is said of the columns of one name: of those with that heading, or if there are none of
+/// What is said of the columns of one name: of those with that heading, or if there are none of
 /// those with that name before their brackets. Written `NAME=UNIT`, `NAME=UNIT:TARGET`, each with
 /// `:DECIMALS` behind it if need be. Without UNIT it is the heading's; `NAME=` alone says that the
 /// column has none.

@@ -1,12 +1,9 @@
 #include "log/Columns.h"
 
-#include <algorithm>
-
 #include "log/Encoding.h"
 #include "log/Heading.h"
 #include "log/Rows.h"
 #include "text/Failure.h"
-#include "util/Text.h"
 
 namespace logs {
 
@@ -28,11 +25,19 @@ class Planner {
     Column column;
     column.heading = column.becomes = heading.Text();
     column.name = heading.Bare();
-    column.unit = UnitOf(heading, below, entry);
-    if (column.unit.empty()) {
+    try {
+      column.unit = UnitOf(heading, below, entry);
+      column.way = column.unit.empty() ? Way() : FindWay(column.unit, heading, below, entry);
+    } catch (const Failure& failure) {
+      column.problem = failure.Told();
+    }
+    if (column.problem) {
       return column;
     }
-    column.way = FindWay(column.unit, heading, below, entry);
+    if (column.unit.empty()) {
+      column.meant = Meant(heading);
+      return column;
+    }
     column.decimals = entry != nullptr && entry->decimals ? entry->decimals : conversions.decimals;
     const std::string label = Utf8OfLatin1(column.way.label);
     if (unitsCell != nullptr && heading.Unit().empty()) {
@@ -77,8 +82,14 @@ class Planner {
     return found;
   }
 
+  std::string Meant(const Heading& heading) const {
+    const std::string& text = heading.InBrackets();
+    const bool telling = text.size() > 2 && heading.Unit().empty();
+    return telling ? conversions.units.MisspellingOf(text) : "";
+  }
+
   static std::string Named(const Heading& heading, const Heading& below) {
-    const std::string& named = below.Unit().empty() ? heading.Unit() : below.Unit();
+    std::string named = below.Unit().empty() ? heading.Unit() : below.Unit();
     return named.empty() ? named : *Latin1OfUtf8(named);
   }
 
@@ -90,7 +101,7 @@ class Planner {
   }
 
   std::string UnitOf(const Heading& heading, const Heading& below, const MapEntry* entry) const {
-    const std::string named = Named(heading, below);
+    std::string named = Named(heading, below);
     if (entry == nullptr) {
       return named;
     }
@@ -118,8 +129,6 @@ class Planner {
   std::set<std::string> headings;
 };
 
-constexpr std::size_t kMostColumns = 16384;
-
 std::vector<std::string> Cells(std::string_view row, const Dialect& dialect) {
   const std::vector<std::string_view> cells = CellsOf(row, dialect);
   return {cells.begin(), cells.end()};
@@ -141,23 +150,14 @@ Plan PlanColumns(std::string_view heading, std::string_view unitsRow, const Dial
                  const Conversions& conversions, std::set<std::string>& matched) {
   std::vector<std::string> cells = Cells(heading, dialect);
   std::vector<std::string> units = Cells(unitsRow, dialect);
-  if (cells.size() > kMostColumns) {
-    throw Failure("more than " + std::to_string(kMostColumns) + " columns");
-  }
   Planner planner(dialect, conversions, matched);
   for (const std::string& cell : cells) {
     planner.Note(cell);
   }
   Plan plan;
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    const std::string name = cells[i];
-    try {
-      const bool below = !unitsRow.empty() && i < units.size();
-      plan.columns.push_back(planner.Take(cells[i], below ? &units[i] : nullptr));
-    } catch (const Failure& failure) {
-      throw Failure("column " + std::to_string(i + 1) + " (" + Message::Verbatim(name) +
-                    "): " + failure.Told());
-    }
+    const bool below = !unitsRow.empty() && i < units.size();
+    plan.columns.push_back(planner.Take(cells[i], below ? &units[i] : nullptr));
   }
   plan.heading = Joined(cells, heading, dialect);
   if (!unitsRow.empty()) {

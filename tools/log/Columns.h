@@ -9,6 +9,7 @@
 #include "log/ColumnMap.h"
 #include "log/Dialect.h"
 #include "log/Units.h"
+#include "text/Message.h"
 
 namespace logs {
 
@@ -20,6 +21,8 @@ struct Column {
   std::string unit;     // ISO 8859-1; empty where it has none
   Way way;
   std::optional<int> decimals;
+  std::optional<Message> problem;  // why it has no way
+  std::string meant;               // the unit that its brackets may mean and are not
 };
 
 /// What becomes of all columns of a log, and its heading, with the row of units if there is one.
@@ -37,7 +40,7 @@ struct Conversions {
 
 /// Plans the log with the heading `heading` and the row of units `unitsRow`, each with its line
 /// end; it is empty if there is none. Adds the names of those entries of the map that match to
-/// `matched`. Throws `Failure` where a unit has no way, with its column.
+/// `matched`.
 Plan PlanColumns(std::string_view heading, std::string_view unitsRow, const Dialect& dialect,
                  const Conversions& conversions, std::set<std::string>& matched);
 

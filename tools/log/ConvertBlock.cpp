@@ -40,6 +40,11 @@ const char* ParseWithComma(const char* at, const char* end, const Dialect& diale
   return !quoted && Parse(copy, copy + size, value) == copy + size ? stop : at;
 }
 
+// Whether a finite number has stayed as it was, its sign included.
+bool AreSame(double from, double to) {
+  return from == to && std::signbit(from) == std::signbit(to);
+}
+
 // The end of `cell`, a carriage return behind it aside.
 const char* WithoutReturn(std::string_view cell) {
   return cell.data() + cell.size() - (!cell.empty() && cell.back() == '\r' ? 1 : 0);
@@ -113,10 +118,13 @@ const char* BlockConverter::TakeCell(const char* at, const char* end, std::size_
   double value = 0;
   const char* const stop =
       dialect.decimal == '.' ? Parse(at, end, value) : ParseWithComma(at, end, dialect, value);
-  const bool whole = stop == end || *stop == dialect.separator || *stop == dialect.lineEnd;
+  const bool hasReturn = stop != end && *stop == '\r' && dialect.lineEnd != '\r';
+  const char* const behind = stop + (hasReturn ? 1 : 0);
+  const bool whole = behind == end || *behind == dialect.lineEnd ||
+                     (behind == stop && *behind == dialect.separator);
   if (whole && stop != at && std::isfinite(value)) {
     TakeNumber(at, stop, value, column, false);
-    return stop;
+    return behind;
   }
   return TakeOther(at, end, column);
 }
@@ -195,7 +203,7 @@ void BlockConverter::Write(std::string_view rows) {
   for (const Edit& edit : edits) {
     if (edit.index != kNone) {
       const Values& each = values[edit.values];
-      if (std::memcmp(&each.from[edit.index], &each.to[edit.index], sizeof(double)) == 0) {
+      if (AreSame(each.from[edit.index], each.to[edit.index])) {
         continue;
       }
     }

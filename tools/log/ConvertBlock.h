@@ -15,7 +15,7 @@ namespace logs {
 /// What is done with a cell of a converted column that is no number and no text either.
 enum class OnError { kKeep, kBlank, kFail };
 
-/// /// How often something is there, and the line of the first one.
+/// How often something is there, and the line of the first one.
 struct LineCount {
   std::size_t count = 0;
   std::size_t line = 0;  // from 0 at the begin of the block
@@ -39,7 +39,7 @@ class BlockConverter {
   const std::vector<BadCells>& Bad() const { return bad; }
   /// The line ends among the rows.
   std::size_t Lines() const { return lines; }
-  ///   /// The rows that have more cells than there are columns, blank ones aside.
+  /// The rows that have more cells than there are columns, blank ones aside.
   const LineCount& LongRows() const { return longRows; }
   /// Where the rows end inside quotes, the line of the cell that opens them.
   std::optional<std::size_t> OpenLine() const { return openLine; }

@@ -5,11 +5,14 @@
 #include <memory>
 
 #include "log/Jobs.h"
+#include "log/Rows.h"
 #include "text/Failure.h"
 
 namespace logs {
 
 namespace {
+
+constexpr std::size_t kMostColumns = 16384;
 
 // A block on its way: read, converted, written.
 struct Block {
@@ -28,6 +31,15 @@ void CheckEncoding(std::string_view beginning, const Message& name) {
   const std::string_view mark = beginning.substr(0, 2);
   if (mark == "\xFF\xFE" || mark == "\xFE\xFF") {
     throw Failure(name + " is UTF-16; convert it into UTF-8 first, by iconv -f UTF-16 -t UTF-8");
+  }
+}
+
+void CheckHeading(const std::vector<std::string_view>& cells, const Message& place) {
+  if (IsOpen(cells.back())) {
+    throw Failure(place + ": a quote opens in the heading that nothing closes");
+  }
+  if (cells.size() > kMostColumns) {
+    throw Failure(place + ": more than " + std::to_string(kMostColumns) + " columns");
   }
 }
 
@@ -95,9 +107,14 @@ class Writer {
 
 Opening ReadOpening(Input& input, const LogOptions& options, const Conversions& conversions,
                     std::set<std::string>& matched) {
-  const std::string_view beginning = input.Beginning();
+  const std::size_t preamble = options.dialect.preamble.value_or(0);
+  const std::string_view beginning = input.Beginning(preamble);
   CheckEncoding(beginning, input.Name());
   const Found found = FindDialect(beginning, options.dialect);
+  if (preamble != 0 && found.heading == beginning.size()) {
+    throw Failure(input.Name() + ": no heading behind the first " + std::to_string(preamble) +
+                  " lines");
+  }
   Opening opening;
   opening.dialect = found.dialect;
   opening.preamble = input.TakeBytes(found.heading);
@@ -105,11 +122,8 @@ Opening ReadOpening(Input& input, const LogOptions& options, const Conversions& 
   const std::string unitsRow = options.unitsRow ? input.TakeRow(found.dialect) : "";
   const std::size_t before = CountLines(opening.preamble, found.dialect);
   opening.headingLine = before + 1;
-  try {
-    opening.plan = PlanColumns(heading, unitsRow, found.dialect, conversions, matched);
-  } catch (const Failure& failure) {
-    throw Failure(input.Name() + ":" + std::to_string(before + 1) + ": " + failure.Told());
-  }
+  CheckHeading(CellsOf(heading, found.dialect), input.Name() + ":" + std::to_string(before + 1));
+  opening.plan = PlanColumns(heading, unitsRow, found.dialect, conversions, matched);
   opening.lines = before + CountLines(heading + unitsRow, found.dialect);
   return opening;
 }

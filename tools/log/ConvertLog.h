@@ -31,8 +31,7 @@ struct Opening {
   std::size_t lines = 0;  // up to the first row
 };
 
-/// /// What was found in a log; lines count from 1.
-
+/// What was found in a log; lines count from 1.
 struct Outcome {
   std::vector<BadCells> bad;  // by column
   LineCount longRows;         // that have more cells than the heading
@@ -44,8 +43,8 @@ struct Outcome {
 Opening ReadOpening(Input& input, const LogOptions& options, const Conversions& conversions,
                     std::set<std::string>& matched);
 
-/// Converts what is left of `input` behind its `opening` and writes both. Throws `Failure`, for a
-/// cell that is no number if `options` say so.
+/// Converts what is left of `input` behind its `opening` and writes both, up to the block with a
+/// cell that is no number if `options` say so. Throws `Failure`.
 Outcome ConvertRows(Input& input, const Opening& opening, const LogOptions& options,
                     OutputFile& output);
 

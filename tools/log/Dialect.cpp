@@ -1,7 +1,6 @@
 #include "log/Dialect.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string>
 #include <vector>
 
@@ -111,7 +110,7 @@ bool HasPointsAlone(std::string_view rows, const Dialect& dialect) {
 std::size_t BehindLines(std::string_view text, std::size_t count, const Dialect& dialect) {
   const char* const end = text.data() + text.size();
   const char* at = text.data() + ByteOrderMark(text);
-  for (; count > 0; --count) {
+  for (; count > 0 && at != end; --count) {
     at = EndOfLine(at, end, dialect);
   }
   return static_cast<std::size_t>(at - text.data());

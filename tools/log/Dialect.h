@@ -11,10 +11,9 @@ namespace logs {
 struct Dialect {
   char separator = ',';
   char decimal = '.';
-  char lineEnd =
-      '\n';            // '\r' where no line ends otherwise; the one before '\n' belongs to the line
-  char comment = '#';  // what a line begins with that is no row; '\0' where every line is one
-  bool utf8 = true;    // else ISO 8859-1
+  char lineEnd = '\n';  // '\r' where no line ends otherwise; one before '\n' belongs to the line
+  char comment = '#';   // what a line begins with that is no row; '\0' where every line is one
+  bool utf8 = true;     // else ISO 8859-1
 };
 
 /// Whether a line that begins with `first` is a comment.
@@ -39,7 +38,7 @@ struct Found {
 /// Finds the dialect of a log that begins with `beginning`, which ends behind a row or with the
 /// log.
 ///
-/// /// The heading is the first line of several cells, most of them neither blank nor numbers, that
+/// The heading is the first line of several cells, most of them neither blank nor numbers, that
 /// has as many cells as each of the rows behind it; if there is none, the first of several such
 /// cells; else the first. Blank lines are none, nor are comments, which begin with `#`, as long as
 /// there is another. Of several separators the one with the earliest heading counts, then the one

@@ -50,6 +50,7 @@ void Heading::FindUnit(const std::function<bool(const std::string&)>& isUnit) {
   at = at == std::string::npos ? text.rfind(opening) : at;
   if (at != std::string::npos) {
     bare = Trimmed(text.substr(0, at));
+    inBrackets = Trimmed(text.substr(at + 1, last - at - 1));
   }
 }
 

@@ -14,10 +14,10 @@ namespace logs {
 
 namespace {
 
-constexpr std::size_t kBlock = 128 * 1024;
-constexpr std::size_t kLongestRow = 8 * 1024 * 1024;
-constexpr std::size_t kLongestBeginning = 64 * 1024;
-constexpr int kFirstLines = 64;
+constexpr std::size_t kBlock = std::size_t{128} * 1024;
+constexpr std::size_t kLongestRow = std::size_t{8} * 1024 * 1024;
+constexpr std::size_t kLongestBeginning = std::size_t{64} * 1024;
+constexpr std::ptrdiff_t kFirstLines = 64;
 
 std::string Reason() { return std::strerror(errno); }
 
@@ -45,6 +45,9 @@ Input::~Input() {
 Message Input::Name() const { return path == "-" ? "standard input" : Message::Verbatim(path); }
 
 bool Input::Read() {
+  if (atEnd) {
+    return false;
+  }
   const std::size_t before = left.size();
   left.resize(before + kBlock);
   ssize_t count = 0;
@@ -60,21 +63,31 @@ bool Input::Read() {
   return !atEnd;
 }
 
-std::string_view Input::Beginning() {
-  while (left.size() < kLongestBeginning && !HoldsLines(left, kFirstLines) && Read()) {
+std::string_view Input::Beginning(std::size_t preamble) {
+  const auto lines = static_cast<std::ptrdiff_t>(preamble) + kFirstLines;
+  const std::size_t most = preamble == 0 ? kLongestBeginning : kLongestRow;
+  while (left.size() < most && !HoldsLines(left, lines) && Read()) {
   }
-  std::string_view beginning = left;
   std::size_t length = 0;
-  for (int line = 0; line < kFirstLines && length < left.size(); ++line) {
+  for (std::ptrdiff_t line = 0; line < lines && length < left.size(); ++line) {
     length = std::min(left.find('\n', length), left.size() - 1) + 1;
   }
-  return beginning.substr(0, std::min(length, kLongestBeginning));
+  const std::string_view beginning = std::string_view(left).substr(0, std::min(length, most));
+  const std::size_t last = beginning.rfind('\n');
+  const bool isCut = length > beginning.size() && last != std::string_view::npos;
+  return isCut ? beginning.substr(0, last + 1) : beginning;
 }
 
 std::string Input::TakeBytes(std::size_t count) {
   std::string taken = left.substr(0, count);
   left.erase(0, count);
   return taken;
+}
+
+void Input::CheckRow() const {
+  if (left.size() > kLongestRow) {
+    throw Failure(Name() + ": a row is longer than 8 MiB; is a quote not closed?");
+  }
 }
 
 std::string Input::TakeRow(const Dialect& dialect) {
@@ -84,7 +97,8 @@ std::string Input::TakeRow(const Dialect& dialect) {
     if (stop != nullptr) {
       return TakeBytes(static_cast<std::size_t>(stop - begin));
     }
-    if (left.size() > kLongestRow || !Read()) {
+    CheckRow();
+    if (!Read()) {
       return TakeBytes(left.size());
     }
   }
@@ -97,9 +111,7 @@ bool Input::NextRows(const Dialect& dialect, std::string& rows) {
       left.erase(0, whole);
       return true;
     }
-    if (left.size() > kLongestRow) {
-      throw Failure(Name() + ": a row is longer than 8 MiB; is a quote not closed?");
-    }
+    CheckRow();
     if (!Read()) {
       rows.swap(left);
       left.clear();

@@ -21,13 +21,14 @@ class Input {
   Input& operator=(const Input&) = delete;
   ~Input();
 
-  ///   /// How messages name it.
+  /// How messages name it.
   Message Name() const;
 
-  /// The first lines of the log: all that is needed to find its dialect.
-  std::string_view Beginning();
+  /// The first lines of the log behind so many of a preamble, with them: all that is needed to find
+  /// its dialect.
+  std::string_view Beginning(std::size_t preamble);
 
-  /// /// Takes the next `count` bytes of the beginning, or the row behind what was taken.
+  /// Takes the next `count` bytes of the beginning, or the row behind what was taken.
   std::string TakeBytes(std::size_t count);
   std::string TakeRow(const Dialect& dialect);
 
@@ -37,6 +38,7 @@ class Input {
 
  private:
   bool Read();
+  void CheckRow() const;
 
   std::string path;
   std::atomic<std::uint64_t>& bytesRead;

@@ -76,7 +76,7 @@ void OutputFile::OpenBeside() {
     errno = ENAMETOOLONG;
     return;
   }
-  std::strcpy(unfinished, name.c_str());
+  std::memcpy(unfinished, name.c_str(), name.size() + 1);
   isUnfinished = 1;  // before there is one: a signal may come at any time
   file = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   if (file < 0) {

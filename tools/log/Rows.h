@@ -9,6 +9,9 @@
 
 namespace logs {
 
+// The rows of RFC 4180, where they stand in the bytes. A CSV reader hands out what the cells say;
+// here it counts how they are written, for they are written again so.
+
 /// The end of the cell that begins at `at`: where its separator or line end stands, or `end`. A
 /// cell that begins with a quote goes on behind the next quote that is not doubled, whatever lies
 /// between.

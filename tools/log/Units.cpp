@@ -4,6 +4,7 @@
 #include <iterator>
 #include <map>
 
+#include "log/Encoding.h"
 #include "text/Failure.h"
 #include "text/NearestNames.h"
 #include "util/Text.h"
@@ -37,6 +38,11 @@ void Units::CheckUnit(const std::string& name) const {
     throw Failure("unknown unit " + util::Quoted(name) +
                   NearestNames(name, {names.begin(), names.end()}));
   }
+}
+
+std::string Units::MisspellingOf(const std::string& utf8) const {
+  const auto name = Latin1OfUtf8(utf8);
+  return name ? ::MisspellingOf(*name, {names.begin(), names.end()}) : "";
 }
 
 units::Conversion Units::Find(const std::string& unit, const std::string& target) const {

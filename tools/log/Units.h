@@ -28,10 +28,14 @@ class Units {
   /// Throws `Failure` for what is no unit, with the nearest.
   void CheckUnit(const std::string& name) const;
 
+  /// The unit that `utf8` is a misspelling of; empty if there is none.
+  std::string MisspellingOf(const std::string& utf8) const;
+
   /// From `unit` into the unit that the system shows. A data unit has a display unit there. A
-  /// display unit that the system shows stays; another is taken through the data unit `through`, or
-  /// any that it converts into where all of those are shown in the same unit. Throws `Failure`
-  /// where there is no way, and where they are shown in several.
+  /// display unit that the system shows stays, as does one that converts into no data unit; another
+  /// is taken through the data unit `through`, or any that it converts into where all of those are
+  /// shown in the same unit. Throws `Failure` where they are shown in several, and where there is
+  /// no way.
   Way ToSystem(const std::string& unit, const std::string& through = "") const;
 
   /// From `unit` into `target`, through a data unit where there is no conversion between them.

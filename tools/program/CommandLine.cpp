@@ -223,7 +223,9 @@ class CommandLine {
                                           "The decimal sign of the log is the comma");
     command.add_flag("--decimal-point", log.decimalPoint, "It is the point")->excludes(comma);
     command.add_flag("--units-row", log.unitsRow, "The line behind the heading holds the units");
-    command.add_option("--preamble", log.preamble, "Lines before the heading")->type_name("N");
+    command.add_option("--preamble", log.preamble, "Lines before the heading")
+        ->type_name("N")
+        ->check(CLI::Range(0, 100'000));
     command.add_option("--encoding", log.encoding, "Character set of the log")
         ->check(CLI::IsMember({"utf-8", "iso-8859-1"}));
   }

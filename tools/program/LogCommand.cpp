@@ -61,6 +61,13 @@ std::string Describe(const logs::Opening& opening) {
          (dialect.utf8 ? "UTF-8" : "ISO 8859-1");
 }
 
+std::string Describe(const logs::Column& column) {
+  if (!column.meant.empty()) {
+    return "no unit; nearest: " + column.meant;
+  }
+  return column.way.steps.empty() ? column.unit : column.unit + " -> " + column.way.label;
+}
+
 bool IsProgressShown(const LogCommandOptions& given) {
   const bool toTerminal = given.output == "-" && given.outDir.empty() && isatty(STDOUT_FILENO) != 0;
   return isatty(STDERR_FILENO) != 0 && !toTerminal && !given.list;
@@ -72,7 +79,7 @@ class Logs {
       : given(given),
         terminal(terminal),
         systems(given.systems, terminal),
-        units(systems.Converter(systems.Chosen().front())),
+        units(systems.In(systems.Chosen().front())),
         conversions{units, {}, given.precision},
         options(Options(given)),
         progress(given.files, IsProgressShown(given)),
@@ -133,12 +140,32 @@ class Logs {
   void Convert(const std::string& file) {
     logs::Input input(file, progress.BytesRead());
     const logs::Opening opening = Open(input);
+    if (TellProblems(input.Name(), opening)) {
+      return;
+    }
     logs::OutputFile output(OutputFor(file));
     const logs::Outcome outcome = logs::ConvertRows(input, opening, options, output);
     Tell(input.Name(), opening, outcome);
     if (!outcome.failed) {
       output.Finish();
     }
+  }
+
+  // Tells which columns cannot be converted, and returns whether there are any.
+  bool TellProblems(const Message& file, const logs::Opening& opening) {
+    bool any = false;
+    for (std::size_t i = 0; i < opening.plan.columns.size(); ++i) {
+      if (const auto& problem = opening.plan.columns[i].problem) {
+        Tell(file, {1, opening.headingLine}, NameOf(opening, i) + *problem, "");
+        any = true;
+      }
+    }
+    return any;
+  }
+
+  static Message NameOf(const logs::Opening& opening, std::size_t column) {
+    return "column " + std::to_string(column + 1) + " (" +
+           Message::Verbatim(opening.plan.columns[column].heading) + "): ";
   }
 
   std::string OutputFor(const std::string& file) const {
@@ -149,10 +176,8 @@ class Logs {
   void Tell(const Message& file, const logs::Opening& opening, const logs::Outcome& outcome) {
     for (std::size_t i = 0; i < outcome.bad.size(); ++i) {
       const logs::BadCells& bad = outcome.bad[i];
-      const std::string& heading = opening.plan.columns[i].heading;
       Tell(file, bad,
-           "column " + std::to_string(i + 1) + " (" + Message::Verbatim(heading) +
-               "): not a number: " + Message::Verbatim(util::Quoted(bad.first)),
+           NameOf(opening, i) + "not a number: " + Message::Verbatim(util::Quoted(bad.first)),
            "such cells");
     }
     Tell(file, outcome.longRows, "more cells than the heading has", "such rows");
@@ -178,13 +203,12 @@ class Logs {
     table.AddRow({"", "heading", "becomes", "conversion"});
     std::size_t number = 0;
     for (const logs::Column& column : opening.plan.columns) {
-      const bool converted = !column.way.steps.empty();
       table.AddRow({std::to_string(++number), utf8.ToLatin1(column.heading),
-                    utf8.ToLatin1(column.becomes),
-                    converted ? column.unit + " -> " + column.way.label : column.unit});
+                    column.problem ? "" : utf8.ToLatin1(column.becomes), Describe(column)});
     }
     std::cout << (input.Name() + ": " + Describe(opening)).For(terminal) << '\n';
     table.Print(terminal);
+    TellProblems(input.Name(), opening);
   }
 
   const LogCommandOptions& given;
@@ -201,6 +225,9 @@ class Logs {
 
 // Throws where two logs would become one file, or one would be replaced.
 void CheckOutDir(const LogCommandOptions& options) {
+  if (options.files.empty() || std::count(options.files.begin(), options.files.end(), "-") != 0) {
+    throw Failure("standard input has no name to be written under: -o");
+  }
   std::set<std::string> names;
   for (const std::string& file : options.files) {
     const fs::path path(file);

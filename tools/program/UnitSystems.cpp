@@ -87,7 +87,7 @@ void UnitSystems::LoadAssociations(const std::string& folder, const std::string&
   }
 }
 
-const Converter& UnitSystems::Converter(const System& system) {
+const Converter& UnitSystems::In(const System& system) {
   converter.SetUnitType(system.type);
   return converter;
 }

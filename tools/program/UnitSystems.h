@@ -35,7 +35,7 @@ class UnitSystems {
   const std::vector<System>& Chosen() const { return chosen; }
 
   /// The converter, in `system`.
-  const units::DataUnitToDisplayUnitConverter& Converter(const System& system);
+  const units::DataUnitToDisplayUnitConverter& In(const System& system);
 
   /// How `unit` is shown in `system`. Throws `Failure` where it has a display unit there into which
   /// it does not convert.

@@ -12,7 +12,7 @@
 
 namespace report {
 
-/// /// A line on a terminal that says how far something is: written when `delay` has passed since
+/// A line on a terminal that says how far something is: written when `delay` has passed since
 /// its construction, again after each fifth of that, and taken away at its end. Nothing else may
 /// write to `stream` meanwhile, except by `Interrupt`.
 class ProgressLine {
