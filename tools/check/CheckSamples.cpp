@@ -102,10 +102,11 @@ std::string FormatResult(double result, const Numbers& numbers) {
 
 // By how much the result is wrong, where a share of the known value tells more than both numbers.
 std::string DescribeError(double result, const Numbers& numbers) {
-  const double error = (result - numbers.expected) / std::abs(numbers.expected);
-  if (!(std::abs(error) < 10)) {
+  const double scale = std::abs(numbers.expected);
+  if (!(std::abs(result - numbers.expected) < 10 * scale)) {
     return "";
   }
+  const double error = (result - numbers.expected) / scale;
   const double percent = 100 * std::abs(error);
   return " (" + (percent < 100 ? Rounded(percent, 2) : std::to_string(std::lround(percent))) +
          " % too " + (error > 0 ? "great)" : "small)");
