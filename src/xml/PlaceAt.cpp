@@ -6,8 +6,6 @@ namespace xml {
 
 namespace {
 
-constexpr int kTabSize = 4;
-
 bool IsLineEnd(char c) { return c == '\n' || c == '\r'; }
 
 bool HasNoWidth(std::string_view text, std::size_t at) {

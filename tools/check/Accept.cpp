@@ -3,7 +3,6 @@
 #include "check/Rules.h"
 #include "model/Allowances.h"
 #include "text/Failure.h"
-#include "util/Text.h"
 
 namespace check {
 
@@ -17,8 +16,7 @@ void AcceptInFile(const model::File& file, Findings& findings) {
         return finding.rule == rule && allowance.HoldsAt(finding.place);
       };
       if (rule == nullptr) {
-        findings.Add(allowance.place, kUnusedAllowance,
-                     "unknown rule " + util::Quoted(name) + NearestRules(name));
+        findings.Add(allowance.place, kUnusedAllowance, DescribeUnknownRule(name));
       } else if (!findings.Accept(isMeant, {Acceptance::Kind::kInSource, allowance.why})) {
         findings.Add(allowance.place, kUnusedAllowance, name + " is not found here");
       }
@@ -40,7 +38,7 @@ void Accept(const model::Model& model, const std::vector<Allowed>& allowed, Find
   for (const Allowed& each : allowed) {
     const Rule* rule = FindRule(each.rule);
     if (rule == nullptr) {
-      throw Failure("unknown rule " + util::Quoted(each.rule) + NearestRules(each.rule));
+      throw Failure(DescribeUnknownRule(each.rule));
     }
     const auto isMeant = [&](const Finding& finding) {
       return finding.rule == rule && IsAbout(finding, each.unit);

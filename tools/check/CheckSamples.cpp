@@ -1,7 +1,6 @@
 #include "check/CheckSamples.h"
 
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <optional>
@@ -12,6 +11,7 @@
 #include "check/Formula.h"
 #include "check/MissingConversions.h"
 #include "text/Numbers.h"
+#include "text/WithoutBlanks.h"
 #include "util/Text.h"
 
 namespace check {
@@ -34,10 +34,7 @@ struct Numbers {
 
 bool IsBlank(const std::string& text) { return text.find_first_not_of(" \t") == text.npos; }
 
-std::string Trimmed(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
+std::string Bare(const std::string& text) { return std::string(WithoutBlanks(text, " ")); }
 
 bool HasAllFields(const Sample& sample, Findings& findings) {
   for (const auto& [field, name] : kFields) {
@@ -79,12 +76,6 @@ std::optional<Numbers> ReadNumbers(const Sample& sample, Findings& findings) {
   return Numbers{*value, *expected, *tolerance};
 }
 
-std::string Rounded(double number, int digits) {
-  char text[32];
-  std::snprintf(text, sizeof(text), "%.*g", digits, number);
-  return text;
-}
-
 bool Fits(double result, const Numbers& numbers) {
   return std::abs(result - numbers.expected) <= numbers.tolerance;
 }
@@ -92,7 +83,7 @@ bool Fits(double result, const Numbers& numbers) {
 // In as few digits as show that it does not fit.
 std::string FormatResult(double result, const Numbers& numbers) {
   for (int digits = 6; digits < 17; ++digits) {
-    std::string text = Rounded(result, digits);
+    std::string text = FormatNumber(result, digits);
     if (!Fits(std::strtod(text.c_str(), nullptr), numbers)) {
       return text;
     }
@@ -108,7 +99,7 @@ std::string DescribeError(double result, const Numbers& numbers) {
   }
   const double error = (result - numbers.expected) / scale;
   const double percent = 100 * std::abs(error);
-  return " (" + (percent < 100 ? Rounded(percent, 2) : std::to_string(std::lround(percent))) +
+  return " (" + (percent < 100 ? FormatNumber(percent, 2) : std::to_string(std::lround(percent))) +
          " % too " + (error > 0 ? "great)" : "small)");
 }
 
@@ -150,10 +141,10 @@ class Judge {
     const std::string& to = sample.to.text;
     const std::string shown = std::isnan(result) ? "no number in" : FormatResult(result, numbers);
     findings.Add(file.At(*conversion.element), kKnownValueDiffers,
-                 Trimmed(sample.value.text) + ' ' + from + " gives " + shown + ' ' + to + ", not " +
-                     Trimmed(sample.expected.text) + DescribeError(result, numbers) +
+                 Bare(sample.value.text) + ' ' + from + " gives " + shown + ' ' + to + ", not " +
+                     Bare(sample.expected.text) + DescribeError(result, numbers) +
                      "; the known value stands at " + ToMessage(sample.from.place) +
-                     ", source: " + Trimmed(sample.source.text),
+                     ", source: " + Bare(sample.source.text),
                  {from, to});
   }
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 #include <exception>
 #include <iterator>
 #include <optional>
@@ -27,12 +26,6 @@ bool IsLinear(const model::Conversion& conversion) {
   return conversion.record->conversionType == VehicleV2::CONVERSION_SLOPE_INT;
 }
 
-std::string Format(const char* format, double number) {
-  char text[32];
-  std::snprintf(text, sizeof(text), format, number);
-  return text;
-}
-
 // A value for which two ways differ, and what it becomes.
 struct Example {
   double value;
@@ -43,11 +36,8 @@ struct Example {
 // `number` with as many digits as tell it from `other`, six at least.
 std::string Brief(double number, double other) {
   for (int digits = 6; digits < 17; ++digits) {
-    char text[32];
-    char otherText[32];
-    std::snprintf(text, sizeof(text), "%.*g", digits, number);
-    std::snprintf(otherText, sizeof(otherText), "%.*g", digits, other);
-    if (std::strcmp(text, otherText) != 0) {
+    std::string text = FormatNumber(number, digits);
+    if (text != FormatNumber(other, digits)) {
       return text;
     }
   }
@@ -61,7 +51,9 @@ std::string Off(const Example& example) {
     return "";
   }
   const double percent = 100 * error / std::abs(example.expected);
-  return " (" + Format(percent >= 10 && percent < 1e6 ? "%.0f" : "%.2g", percent) + " % off)";
+  char text[32];
+  std::snprintf(text, sizeof(text), percent >= 10 && percent < 1e6 ? "%.0f" : "%.2g", percent);
+  return std::string(" (") + text + " % off)";
 }
 
 // To seek other ways takes long where there are very many conversions and most are wrong.
@@ -113,7 +105,7 @@ class Ways {
 
   std::optional<Example> ExampleOf(const Way& one, const Way& other);
   Example ExampleOf(const Consensus& consensus, const model::Conversion& conversion);
-  std::string DescribeReturn(const model::Conversion& there, const model::Conversion& back);
+  std::string DescribeReturn(const model::Conversion& there, const Example& example) const;
   std::string Describe(const model::Conversion& conversion, const Way& other,
                        const Example& example);
   bool IsUsable(const model::Conversion* conversion);
@@ -248,10 +240,10 @@ void Ways::CheckContradicted(const Consensus& consensus, const model::Conversion
         consensus.IsIdentity(*back)
             ? ""
             : "; the other conversions agree with the way back in line " + LineOf(*back);
-    findings.Add(PlaceOf(conversion), kNotInverse, DescribeReturn(conversion, *back) + reason,
+    findings.Add(PlaceOf(conversion), kNotInverse, DescribeReturn(conversion, *gone) + reason,
                  SubjectOf(conversion));
   } else {
-    Report(kNotInverse, {&conversion, back}, DescribeReturn(conversion, *back));
+    Report(kNotInverse, {&conversion, back}, DescribeReturn(conversion, *gone));
   }
 }
 
@@ -259,10 +251,12 @@ void Ways::CheckPair(const model::Conversion& there, const model::Conversion& ba
   if (LeadsBack({&there, &back}, evaluator)) {
     return;
   }
-  if (ExampleOf({&there, &back}, {})) {
-    Report(kNotInverse, {&there, &back}, DescribeReturn(there, back));
-  } else if (!(IsLinear(there) && IsLinear(back)) && ExampleOf({&back, &there}, {})) {
-    Report(kNotInverse, {&there, &back}, DescribeReturn(back, there));
+  if (const auto example = ExampleOf({&there, &back}, {})) {
+    Report(kNotInverse, {&there, &back}, DescribeReturn(there, *example));
+  } else if (!(IsLinear(there) && IsLinear(back))) {
+    if (const auto other = ExampleOf({&back, &there}, {})) {
+      Report(kNotInverse, {&there, &back}, DescribeReturn(back, *other));
+    }
   }
 }
 
@@ -387,9 +381,8 @@ Example Ways::ExampleOf(const Consensus& consensus, const model::Conversion& con
   return {values[at].value, got[at].value, expected[at].value};
 }
 
-std::string Ways::DescribeReturn(const model::Conversion& there, const model::Conversion& back) {
-  const Example example = *ExampleOf({&there, &back}, {});
-  return Format("%.6g", example.value) + ' ' + conversions.NameOf(there.from) + " to " +
+std::string Ways::DescribeReturn(const model::Conversion& there, const Example& example) const {
+  return FormatNumber(example.value, 6) + ' ' + conversions.NameOf(there.from) + " to " +
          conversions.NameOf(there.to) + " and back gives " + Brief(example.got, example.value) +
          Off(example);
 }
@@ -402,7 +395,7 @@ std::string Ways::Describe(const model::Conversion& conversion, const Way& other
       between.push_back(conversions.NameOf(step->to));
     }
   }
-  return Format("%.6g", example.value) + ' ' + conversions.NameOf(conversion.from) + " to " +
+  return FormatNumber(example.value, 6) + ' ' + conversions.NameOf(conversion.from) + " to " +
          conversions.NameOf(conversion.to) + " gives " + Brief(example.got, example.expected) +
          ", but " +
          (between.empty() ? "by the other conversions" : "by way of " + util::Join(between)) + ' ' +

@@ -1,19 +1,12 @@
 #include "check/Formula.h"
 
 #include <cmath>
-#include <cstdio>
 
 #include "text/Numbers.h"
 
 namespace check {
 
 namespace {
-
-std::string FormatShort(double number) {
-  char text[32];
-  std::snprintf(text, sizeof(text), "%.6g", number);
-  return text;
-}
 
 std::string Describe(const vehicle::DataType& record, std::string (*format)(double)) {
   if (record.conversionType != VehicleV2::CONVERSION_SLOPE_INT) {
@@ -48,7 +41,7 @@ const std::vector<double> kSampleValues = MakeSampleValues();
 std::string FormulaOf(const vehicle::DataType& record) { return Describe(record, FormatNumber); }
 
 std::string ShortFormulaOf(const vehicle::DataType& record) {
-  return Describe(record, FormatShort);
+  return Describe(record, [](double number) { return FormatNumber(number, 6); });
 }
 
 const std::vector<double>& SampleValues() { return kSampleValues; }

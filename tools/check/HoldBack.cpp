@@ -35,8 +35,7 @@ bool IsOneOf(const Finding& finding, Rules rules) {
 }
 
 bool IsWhole(const model::File& file) {
-  return file.state == model::File::State::kParsed && !file.document.Error() &&
-         file.root != nullptr;
+  return file.state != model::File::State::kUnreadable && !file.IsReadInPart();
 }
 
 bool HoldsBeyondAscii(const Message& message) {

@@ -16,6 +16,7 @@
 #include "check/CheckUnits.h"
 #include "check/CheckWays.h"
 #include "text/NearestNames.h"
+#include "util/Text.h"
 
 namespace check {
 
@@ -60,12 +61,12 @@ const Rule* FindRule(const std::string& name) {
   return found != Rules().end() ? *found : nullptr;
 }
 
-std::string NearestRules(const std::string& name) {
+std::string DescribeUnknownRule(const std::string& name) {
   std::vector<std::string> names;
   for (const Rule* rule : Rules()) {
     names.emplace_back(rule->name);
   }
-  return NearestNames(name, names);
+  return "unknown rule " + util::Quoted(name) + NearestNames(name, names);
 }
 
 std::size_t IndexOf(const Rule& rule) {

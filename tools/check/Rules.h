@@ -14,8 +14,8 @@ const std::vector<const Rule*>& Rules();
 /// The rule of that name, or null.
 const Rule* FindRule(const std::string& name);
 
-/// `; nearest: A, B, C`, or nothing: the rules whose names are most like `name`.
-std::string NearestRules(const std::string& name);
+/// That there is no rule of that name, and the nearest names.
+std::string DescribeUnknownRule(const std::string& name);
 
 /// The position of `rule` in `Rules`.
 std::size_t IndexOf(const Rule& rule);

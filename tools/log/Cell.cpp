@@ -5,19 +5,13 @@
 #include <cmath>
 #include <iterator>
 
+#include "text/WithoutBlanks.h"
+
 namespace logs {
 
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
-
-std::string_view Trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
 
 std::optional<double> Parse(std::string_view text) {
   if (text.front() == '+' && text.size() > 1 && text[1] != '-') {
@@ -41,9 +35,9 @@ std::optional<double> ParseWithComma(std::string_view text) {
 }  // namespace
 
 std::optional<Number> ReadNumber(std::string_view cell, char decimal) {
-  std::string_view place = Trimmed(cell);
+  std::string_view place = WithoutBlanks(cell, kBlanks);
   if (place.size() > 1 && place.front() == '"' && place.back() == '"' && cell.front() == '"') {
-    place = Trimmed(place.substr(1, place.size() - 2));
+    place = WithoutBlanks(place.substr(1, place.size() - 2), kBlanks);
   }
   if (place.empty()) {
     return std::nullopt;

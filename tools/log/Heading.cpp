@@ -1,5 +1,7 @@
 #include "log/Heading.h"
 
+#include "text/WithoutBlanks.h"
+
 namespace logs {
 
 namespace {
@@ -7,25 +9,19 @@ namespace {
 constexpr char kBlanks[] = " \t";
 constexpr std::size_t kLongestUnit = 256;
 
-std::string Trimmed(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  return first == std::string::npos
-             ? std::string()
-             : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
-
 char Opening(char closing) { return closing == ']' ? '[' : closing == ')' ? '(' : '\0'; }
 
 }  // namespace
 
 Heading::Heading(const std::string& text, const std::function<bool(const std::string&)>& isUnit)
-    : text(text), bare(Trimmed(text)) {
+    : text(text), bare(WithoutBlanks(text, kBlanks)) {
   FindUnit(isUnit);
 }
 
 bool Heading::Take(std::size_t first, std::size_t last,
                    const std::function<bool(const std::string&)>& isUnit) {
-  const std::string unit = Trimmed(text.substr(first, last - first));
+  const std::string unit(
+      WithoutBlanks(std::string_view(text).substr(first, last - first), kBlanks));
   if (unit.empty() || !isUnit(unit)) {
     return false;
   }
@@ -49,8 +45,8 @@ void Heading::FindUnit(const std::function<bool(const std::string&)>& isUnit) {
   }
   at = at == std::string::npos ? text.rfind(opening) : at;
   if (at != std::string::npos) {
-    bare = Trimmed(text.substr(0, at));
-    inBrackets = Trimmed(text.substr(at + 1, last - at - 1));
+    bare = WithoutBlanks(std::string_view(text).substr(0, at), kBlanks);
+    inBrackets = WithoutBlanks(std::string_view(text).substr(at + 1, last - at - 1), kBlanks);
   }
 }
 

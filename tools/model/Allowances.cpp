@@ -4,6 +4,8 @@
 #include <limits>
 #include <tuple>
 
+#include "text/WithoutBlanks.h"
+
 namespace model {
 
 namespace {
@@ -20,18 +22,11 @@ bool Take(const std::string& mark, std::string& text) {
   return true;
 }
 
-std::string Trimmed(const std::string& text) {
-  const std::size_t start = text.find_first_not_of(kBlanks);
-  return start == std::string::npos
-             ? ""
-             : text.substr(start, text.find_last_not_of(kBlanks) + 1 - start);
-}
-
 std::vector<std::string> SplitAtCommas(const std::string& text) {
   std::vector<std::string> parts;
   for (std::size_t start = 0; start <= text.size();) {
     const std::size_t end = std::min(text.find(',', start), text.size());
-    parts.push_back(Trimmed(text.substr(start, end - start)));
+    parts.emplace_back(WithoutBlanks(std::string_view(text).substr(start, end - start)));
     start = end + 1;
   }
   return parts;
@@ -54,7 +49,8 @@ void Read(const File& file, const TiXmlComment& comment, std::vector<Allowance>&
   const std::size_t colon = text.find(':');
   Allowance allowance;
   allowance.rules = SplitAtCommas(text.substr(0, colon));
-  allowance.why = colon == std::string::npos ? "" : Trimmed(text.substr(colon + 1));
+  allowance.why =
+      colon == std::string::npos ? "" : std::string(WithoutBlanks(text.substr(colon + 1)));
   allowance.place = allowance.begin = allowance.end = file.At(comment);
   const TiXmlElement* element = comment.NextSiblingElement();
   const bool whole = comment.Parent()->ToDocument() != nullptr;

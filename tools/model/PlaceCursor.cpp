@@ -8,8 +8,6 @@ namespace model {
 
 namespace {
 
-constexpr std::size_t kTabSize = 4;
-
 bool IsPlain(char c) { return c >= ' ' && c <= '~'; }
 
 }  // namespace
@@ -24,7 +22,7 @@ Place PlaceCursor::At(std::size_t offset) {
   const xml::Place counted = xml::PlaceAt(bytes.substr(begin), offset - begin, utf8);
   const int column = counted.row == 1 ? place.column + counted.column - 1 : counted.column;
   Place found{file.Path(), place.line + counted.row - 1, column};
-  const auto back = static_cast<std::size_t>(column - 1) % kTabSize;
+  const auto back = static_cast<std::size_t>((column - 1) % xml::kTabSize);
   const std::string_view passed = bytes.substr(offset - back, back + 1);
   if (offset >= begin + back && std::all_of(passed.begin(), passed.end(), IsPlain)) {
     begin = offset - back;

@@ -1,6 +1,5 @@
 #include "program/ShowCommand.h"
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -13,12 +12,6 @@
 #include "util/Text.h"
 
 namespace {
-
-std::string ForReading(double value) {
-  char text[32];
-  std::snprintf(text, sizeof(text), "%.6g", value);
-  return text;
-}
 
 class Readings {
  public:
@@ -67,7 +60,7 @@ class Readings {
         const auto display = systems.Find(system, unit);
         double shown = value;
         display.toDisplay.Convert(shown);
-        row.push_back(ForReading(shown));
+        row.push_back(FormatNumber(shown, 6));
         row.push_back(display.label);
       } catch (const Failure& failure) {
         complaints.Tell("vehicle-units: " + failure.Told());

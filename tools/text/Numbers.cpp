@@ -5,6 +5,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdio>
+
+#include "text/WithoutBlanks.h"
 
 namespace {
 
@@ -24,18 +27,6 @@ template <typename Number>
 std::string Format(Number number) {
   std::string text;
   Append(number, std::nullopt, text);
-  return text;
-}
-
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-
-std::string_view WithoutBlanks(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) {
-    text.remove_prefix(1);
-  }
-  while (!text.empty() && IsBlank(text.back())) {
-    text.remove_suffix(1);
-  }
   return text;
 }
 
@@ -66,6 +57,12 @@ bool IsNoValue(std::string_view text) {
 std::string FormatNumber(double number) { return Format(number); }
 
 std::string FormatNumber(float number) { return Format(number); }
+
+std::string FormatNumber(double number, int digits) {
+  char text[32];
+  std::snprintf(text, sizeof(text), "%.*g", digits, number);
+  return text;
+}
 
 void AppendNumber(double number, std::optional<int> decimals, std::string& text) {
   Append(number, decimals, text);

@@ -16,6 +16,9 @@ bool IsNoValue(std::string_view text);
 std::string FormatNumber(double number);
 std::string FormatNumber(float number);
 
+/// `number` rounded to `digits` significant digits, 17 at most, as C's "%g" writes it.
+std::string FormatNumber(double number, int digits);
+
 /// Appends that text to `text`; with `decimals`, 17 at most, the number with so many of them.
 void AppendNumber(double number, std::optional<int> decimals, std::string& text);
 void AppendNumber(float number, std::optional<int> decimals, std::string& text);
